@@ -1,0 +1,69 @@
+// The two run-time libraries as the plug-in sees them. Written for their
+// authors too: implement one of the two interfaces and export its factory.
+//
+// Tags:
+//   [start-up]  on the plug-in's start-up thread, while the host is in Init.
+//   [call]      on a host thread, under the plug-in's lock: calls never overlap.
+//               Don't call the plug-in back, the lock is not recursive.
+//
+// An operation returns 0, or a non-zero code of the library's own. Allocation
+// failure is the only exception that may leave one.
+//
+// Envelopes and the records in them belong to the plug-in and live for the
+// call. What a library puts into a list of an output record (strings, shared
+// pointers to typed records) passes to the plug-in, which drops it before the
+// host's call returns and always before the library is closed.
+#pragma once
+
+#include <string>
+
+#include "bridge/zel_ids.h"
+#include "interface/payload.h"
+
+namespace tarn {
+
+// Both libraries offer the same slots; the two destructor slots come first.
+class LibraryIntf {
+ public:
+  // [call] or, when start-up failed, in Init after the start-up thread ended.
+  virtual ~LibraryIntf() = default;
+
+  // [start-up] Once per object, first. `arg` is the host's text.
+  virtual int Init(const std::string& arg) = 0;
+
+  // [call] May be repeated; the object stays alive. The result is ignored.
+  virtual int DeInit() = 0;
+
+  // [call] Parser: the three dimension records. Algorithm library: not called.
+  virtual int SetProperty(const TarnPayload& payload) = 0;
+
+  // [start-up] kZelModesList; [call] kZelPbDitherHwConfig. Fills an empty
+  // record. Algorithm library: not called.
+  virtual int GetProperty(TarnPayload* payload) = 0;
+
+  // [call] Parser: the two mode operations, into an empty list; what it holds
+  // is converted even when the result is not 0. Algorithm library:
+  // kZelPccMerge; nothing of the output is used unless the result is 0.
+  virtual int ProcessOps(ZelOps op, const TarnPayload& in, TarnPayload* out) = 0;
+};
+
+// libtarn-json-mode-parser.so: knows the panel's modes and computes the block
+// configurations of one.
+class ModeParserIntf : public LibraryIntf {};
+
+// libtarn-algo.so, optional: merges PCC matrices.
+class TarnAlgoIntf : public LibraryIntf {};
+
+// The factories, called with (2, 0). Return a new object, which the plug-in
+// owns and destroys with delete, or null.
+using ModeParserFactory = ModeParserIntf* (*)(int major_version, int minor_version);
+using TarnAlgoFactory = TarnAlgoIntf* (*)(int major_version, int minor_version);
+
+}  // namespace tarn
+
+// What the libraries export. [start-up] of a first or further Init: the parser's
+// on the host's thread, the algorithm library's on the start-up thread.
+extern "C" {
+tarn::ModeParserIntf* GetTarnZelInterface(int major_version, int minor_version);
+tarn::TarnAlgoIntf* GetTarnAlgoInterface(int major_version, int minor_version);
+}

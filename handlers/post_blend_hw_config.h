@@ -1,0 +1,39 @@
+// Dimensions of a hardware block's look-up table.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <tuple>
+#include <utility>
+#include <vector>
+
+#include "interface/record.h"
+
+namespace zeltarn::layout {
+
+// Named entries, each a name, a flag and a pair of numbers. Passed through.
+using HwAttributes = std::vector<std::tuple<std::string, bool, std::pair<long, long>>>;
+
+// Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
+// `version` is not looked at; towards the parser it is the version of the
+// block's typed record, 88 (gamma, inverse gamma) or 117936 (gamut).
+template <typename Side>
+struct PostBlendHwConfig {
+  uint32_t version = 0;
+  uint32_t num_of_entries = 0;  // gamma, inverse gamma: 1 to kMaxGammaEntries
+  uint32_t bit_depth = 0;       // of one entry; not interpreted
+  uint32_t padding = 0;
+  HwAttributes attributes;
+};
+
+}  // namespace zeltarn::layout
+
+// The longest table that the gamma and inverse-gamma blocks take.
+inline constexpr uint32_t kMaxGammaEntries = 1024;
+
+ZEL_DECLARE_SIDES(PostBlendHwConfig)
+ZEL_PIN_SIZE(PostBlendHwConfig, 40);
+ZEL_PIN_FIELD(PostBlendHwConfig, version, 0);
+ZEL_PIN_FIELD(PostBlendHwConfig, num_of_entries, 4);
+ZEL_PIN_FIELD(PostBlendHwConfig, bit_depth, 8);
+ZEL_PIN_FIELD(PostBlendHwConfig, attributes, 16);

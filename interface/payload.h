@@ -1,0 +1,49 @@
+// The envelope of every call: VcPayload between host and plug-in, TarnPayload
+// between plug-in and libraries.
+#pragma once
+
+#include <cstdint>
+
+#include "interface/record.h"
+
+namespace zeltarn::layout {
+
+template <typename Side>
+struct Payload {
+  static constexpr uint32_t kVersion = 24;
+
+  uint32_t version = kVersion;  // of the envelope itself
+  uint32_t len = 0;             // bytes of the record that `payload` addresses
+  uint32_t prop = 0;            // property id; 0 and unread for operations
+  uint32_t padding = 0;         // not read
+  void* payload = nullptr;      // the record; the caller owns it
+};
+
+// An envelope around `record`. The record must outlive the call it is made for.
+template <typename Side, typename T>
+Payload<Side> Wrap(T* record, uint32_t prop) {
+  return {.len = sizeof(T), .prop = prop, .payload = record};
+}
+
+}  // namespace zeltarn::layout
+
+namespace velaricolor {
+using VcPayload = zeltarn::layout::Payload<HostSide>;
+}  // namespace velaricolor
+
+namespace tarn {
+using TarnPayload = zeltarn::layout::Payload<LibrarySide>;
+
+// An envelope for a library call; operations carry property 0.
+template <typename T>
+TarnPayload Wrap(T* record, uint32_t prop = 0) {
+  return zeltarn::layout::Wrap<LibrarySide>(record, prop);
+}
+}  // namespace tarn
+
+static_assert(sizeof(velaricolor::VcPayload) == velaricolor::VcPayload::kVersion);
+static_assert(sizeof(tarn::TarnPayload) == tarn::TarnPayload::kVersion);
+static_assert(offsetof(velaricolor::VcPayload, version) == 0);
+static_assert(offsetof(velaricolor::VcPayload, len) == 4);
+static_assert(offsetof(velaricolor::VcPayload, prop) == 8);
+static_assert(offsetof(velaricolor::VcPayload, payload) == 16);

@@ -1,0 +1,71 @@
+// The plug-in as the host sees it: one exported factory and one object.
+//
+// A host opens libzeltarn.so, asks GetVcPostBlendInterface for an object, calls
+// Init once, then the three entry points, and destroys the object with delete.
+//
+// Tags say when and from where a call may come:
+//   [any host thread]  calls are serialised inside by one lock, which is held
+//                      for the whole call, calls into the libraries included.
+//                      It is not recursive: don't call back from a library.
+//   [initialised]      refused with -22 before an Init has returned 0 and
+//                      after DeInit.
+//   [exclusive]        no other call on the object may be running.
+//
+// Results are 0 or a code of result_codes.h. The only exception that leaves a
+// call is the standard allocation failure.
+#pragma once
+
+#include <string>
+
+#include "interface/payload.h"
+#include "interface/result_codes.h"
+#include "interface/vc_ids.h"
+
+namespace velaricolor {
+
+// Operations in the order of their slots; the two destructor slots come first.
+class VcPostBlendInterface {
+ public:
+  // [exclusive] Destroys the library objects, then closes the libraries.
+  //
+  // Records that the plug-in handed out (every HwConfigPayload::payload) are
+  // owned by shared pointers whose deleters are code of libzeltarn.so. They may
+  // outlive this object, but the library must stay loaded while they live.
+  virtual ~VcPostBlendInterface() = default;
+
+  // [any host thread] Loads the mode parser, fetches the colour modes and loads
+  // the algorithm library. `arg` is handed to both libraries unchanged; the
+  // plug-in attaches no meaning to it. Blocks until the short-lived start-up
+  // thread has ended. Returns 0, -22, or the parser's own failure code. A
+  // second call starts afresh: the old library objects are destroyed, the mode
+  // list is rebuilt. A missing algorithm library is not a failure.
+  virtual int Init(const std::string& arg) = 0;
+
+  // [any host thread] Tells both libraries to de-initialise; closes nothing,
+  // forgets no setting. Always 0, also twice in a row.
+  virtual int DeInit() = 0;
+
+  // [any host thread, initialised] Sets the property `payload.prop` from the
+  // record that `payload` addresses; the record is only read, and not kept.
+  // Returns 0, -22, -95, or the mode parser's own code. A refused call changes
+  // nothing.
+  virtual int SetProperty(const VcPayload& payload) = 0;
+
+  // [any host thread, initialised] Fills the caller's record for the property
+  // `payload->prop`. Returns 0, -22, -95, or the mode parser's own code.
+  virtual int GetProperty(VcPayload* payload) = 0;
+
+  // [any host thread, initialised] Runs `op`: reads the record of `in`, writes
+  // that of `out`. An output record may be passed again: entries are updated by
+  // name, in place, and none is removed. Returns 0, -22, -95, or (software
+  // assets only) the mode parser's own code.
+  virtual int ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) = 0;
+};
+
+}  // namespace velaricolor
+
+// The one exported function. Returns a new object for version 2.0, which the
+// caller owns and destroys with delete, and null for any other version.
+// [any host thread]
+extern "C" velaricolor::VcPostBlendInterface* GetVcPostBlendInterface(int major_version,
+                                                                      int minor_version);

@@ -1,0 +1,45 @@
+// The colour modes that a panel offers.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "interface/record.h"
+
+namespace zeltarn::layout {
+
+// One colour mode. Ids, asset names and label are defined between the host and
+// the mode parser; the plug-in passes them through.
+template <typename Side>
+struct ColorMode {
+  uint32_t gamut = 255;                // colour-gamut id
+  uint32_t gamma = 255;                // transfer-function id
+  uint32_t intent = 65535;             // render-intent id
+  std::vector<std::string> hw_assets;  // asset names that belong to the mode
+  std::string label = "standard";      // text tag
+};
+
+// Travels with len 32. Its version is not its size.
+template <typename Side>
+struct ColorModeList {
+  static constexpr uint32_t kVersion = 96;
+
+  uint32_t version = kVersion;
+  std::vector<ColorMode<Side>> modes;  // in the order the parser delivered them
+};
+
+}  // namespace zeltarn::layout
+
+ZEL_DECLARE_SIDES(ColorMode)
+ZEL_PIN_SIZE(ColorMode, 64);
+ZEL_PIN_FIELD(ColorMode, gamut, 0);
+ZEL_PIN_FIELD(ColorMode, gamma, 4);
+ZEL_PIN_FIELD(ColorMode, intent, 8);
+ZEL_PIN_FIELD(ColorMode, hw_assets, 16);
+ZEL_PIN_FIELD(ColorMode, label, 40);
+
+ZEL_DECLARE_SIDES(ColorModeList)
+ZEL_PIN_SIZE(ColorModeList, 32);
+ZEL_PIN_FIELD(ColorModeList, version, 0);
+ZEL_PIN_FIELD(ColorModeList, modes, 8);
