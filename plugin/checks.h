@@ -1,0 +1,36 @@
+// Tests that every record passes before it is used.
+#pragma once
+
+#include <sys/types.h>
+
+#include "handlers/post_blend_hw_config.h"
+#include "interface/payload.h"
+#include "interface/result_codes.h"
+#include "plugin/log.h"
+
+namespace velaricolor {
+
+// The test of an envelope that carries a T, logged under the handler's name.
+// Fails with -22 unless `len` is T's size, exactly, and the address is set.
+template <typename T>
+int CheckEnvelope(const VcPayload& payload, const char* function) {
+  if (payload.len == sizeof(T) && payload.payload != nullptr) return kOk;
+  ZEL_LOGE_AS(function, "len of Input params act %zd exp %d", static_cast<ssize_t>(payload.len),
+              static_cast<int>(sizeof(T)));
+  return kErrInvalid;
+}
+
+// The test of a gamma or inverse-gamma table's length.
+inline int CheckGammaEntries(uint32_t num_of_entries, const char* function) {
+  if (num_of_entries >= 1 && num_of_entries <= kMaxGammaEntries) return kOk;
+  ZEL_LOGE_AS(function, "Invalid of num_of_entries %d", static_cast<int>(num_of_entries));
+  return kErrInvalid;
+}
+
+// The record in an envelope that has passed its test.
+template <typename T>
+T* RecordOf(const VcPayload& payload) {
+  return static_cast<T*>(payload.payload);
+}
+
+}  // namespace velaricolor

@@ -1,0 +1,74 @@
+// The three entry points: lock, check, look the id up, hand over.
+
+#include "plugin/log.h"
+#include "plugin/zel_tarn_impl.h"
+
+namespace velaricolor {
+
+namespace {
+
+// The handler registered under `id`, or null.
+template <typename Table, typename Id>
+typename Table::mapped_type FindHandler(const Table& table, Id id) {
+  const auto entry = table.find(id);
+  return entry == table.end() ? nullptr : entry->second;
+}
+
+// The state and envelope test of both property calls.
+int CheckPropertyCall(const char* function, bool init_done, const VcPayload* payload) {
+  const uint32_t version = payload == nullptr ? 0 : payload->version;
+  if (init_done && version == VcPayload::kVersion) return kOk;
+  ZEL_LOGE_AS(function, "Invalid params : init_done_ %d, actual version %zd exp version %d",
+              static_cast<int>(init_done), static_cast<ssize_t>(version),
+              static_cast<int>(VcPayload::kVersion));
+  return kErrInvalid;
+}
+
+// The answer to a property without a handler.
+int RefuseProperty(const char* function, int32_t prop) {
+  const void* const no_handler = nullptr;
+  if (prop >= kVcFirstOptionalProperty && prop <= kVcLastOptionalProperty) {
+    ZEL_LOGI_AS(2, function, "Unsupported prop %d, function %pK", prop, no_handler);
+    return kErrUnsupported;
+  }
+  ZEL_LOGE_AS(function, "Invalid prop %d, function %pK", prop, no_handler);
+  return kErrInvalid;
+}
+
+}  // namespace
+
+int ZelTarnImpl::SetProperty(const VcPayload& payload) {
+  const std::lock_guard lock(lock_);
+  if (const int ret = CheckPropertyCall(__func__, init_done_, &payload); ret != kOk) return ret;
+
+  const auto prop = static_cast<VcProperty>(payload.prop);
+  const SetPropFunc handler = FindHandler(set_prop_funcs_, prop);
+  return handler == nullptr ? RefuseProperty(__func__, prop) : (this->*handler)(payload);
+}
+
+int ZelTarnImpl::GetProperty(VcPayload* payload) {
+  const std::lock_guard lock(lock_);
+  if (const int ret = CheckPropertyCall(__func__, init_done_, payload); ret != kOk) return ret;
+
+  const auto prop = static_cast<VcProperty>(payload->prop);
+  const GetPropFunc handler = FindHandler(get_prop_funcs_, prop);
+  return handler == nullptr ? RefuseProperty(__func__, prop) : (this->*handler)(payload);
+}
+
+int ZelTarnImpl::ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) {
+  const std::lock_guard lock(lock_);
+  ZEL_LOGI(2, "Process Ops called, op = %d", static_cast<int>(op));
+  if (out == nullptr || !init_done_) {
+    ZEL_LOGE("Invalid params init_done_ %d output %pK", static_cast<int>(init_done_),
+             static_cast<const void*>(out));
+    return kErrInvalid;
+  }
+  const OpsFunc handler = FindHandler(ops_funcs_, op);
+  if (handler == nullptr) {
+    ZEL_LOGE("Invalid ops %d", static_cast<int>(op));
+    return kErrUnsupported;
+  }
+  return (this->*handler)(in, out);
+}
+
+}  // namespace velaricolor

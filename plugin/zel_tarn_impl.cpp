@@ -1,0 +1,57 @@
+#include "plugin/zel_tarn_impl.h"
+
+#include "convert/gamut_gamma_config.h"
+
+namespace velaricolor {
+
+ZelTarnImpl::ZelTarnImpl()
+    : set_prop_funcs_{
+          {kVcColorTransform, &ZelTarnImpl::SetColorTransform},
+          {kVcPostBlendGamutHwConfig, &ZelTarnImpl::SetPostBlendGamutConfig},
+          {kVcPostBlendGammaHwConfig, &ZelTarnImpl::SetPostBlendGammaConfig},
+          {kVcPostBlendInverseGammaHwConfig, &ZelTarnImpl::SetPostBlendInvGammaConfig},
+          {kVcDisplayCalibrationMode, &ZelTarnImpl::NotifyDisplayCalibrationMode},
+          {kVcLtmPccConfig, &ZelTarnImpl::SetLtmPccConfig},
+          {kVcDimmingPcc, &ZelTarnImpl::SetDimmingPcc},
+      },
+      get_prop_funcs_{
+          {kVcModesList, &ZelTarnImpl::GetModesList},
+          {kVcNeedsUpdate, &ZelTarnImpl::GetNeedsUpdate},
+          {kVcSupportToneMap, &ZelTarnImpl::GetSupportTonemap},
+          {kVcPbDitherHwConfig, &ZelTarnImpl::GetPbDitheHwConfig},
+          {kVcSupportHwAssets, &ZelTarnImpl::GetSupportHwAssets},
+          {kVcDimmingSupport, &ZelTarnImpl::GetDimmingSupport},
+      },
+      ops_funcs_{
+          {kVcModeRenderIntent, &ZelTarnImpl::ProcessModeRenderIntent},
+          {kVcModeSwAssets, &ZelTarnImpl::ProcessModeSwAssets},
+      },
+      hw_config_converters_(MakeConverterTable()),
+      inverse_gamma_hw_config_{.version = GammaPostBlendConfig::kVersion,
+                               .num_of_entries = 257,
+                               .bit_depth = 12,
+                               .attributes = {}},
+      gamma_hw_config_{.version = GammaPostBlendConfig::kVersion,
+                       .num_of_entries = 1024,
+                       .bit_depth = 10,
+                       .attributes = {}},
+      gamut_hw_config_{.version = GamutPostBlendConfig::kVersion,
+                       .num_of_entries = 17,
+                       .bit_depth = 12,
+                       .attributes = {}} {}
+
+// An object's code lives in its library, which the handles close only later.
+ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }
+
+int ZelTarnImpl::DeInit() {
+  const std::lock_guard lock(lock_);
+  if (mode_parser_intf_ != nullptr) mode_parser_intf_->DeInit();
+  if (algo_intf_ != nullptr) {
+    algo_intf_->DeInit();
+    algo_init_done_ = false;
+  }
+  init_done_ = false;
+  return kOk;
+}
+
+}  // namespace velaricolor
