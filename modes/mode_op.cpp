@@ -1,0 +1,51 @@
+// The road that both mode operations share: check the records, ask the parser,
+// convert what it answers.
+
+#include "modes/mode_op.h"
+
+#include <sys/types.h>
+
+#include "interface/payload.h"
+#include "plugin/checks.h"
+#include "plugin/log.h"
+#include "plugin/zel_tarn_impl.h"
+
+namespace velaricolor {
+
+int ZelTarnImpl::CheckModeRecords(const ModeOp& op, const VcPayload& in, const VcPayload& out) {
+  constexpr uint32_t kInLen = sizeof(ModeRenderInputParams);
+  constexpr uint32_t kOutLen = sizeof(HwConfigOutputParams);
+  if (in.len != kInLen || out.len != kOutLen) {
+    ZEL_LOGE_AS(op.function, "len of Input params exp %zd act %d output exp %zd act %d",
+                static_cast<ssize_t>(kInLen), static_cast<int>(in.len),
+                static_cast<ssize_t>(kOutLen), static_cast<int>(out.len));
+    return kErrInvalid;
+  }
+  if (const int ret = VersionCheck(RecordOf<ModeRenderInputParams>(in)); ret != kOk) return ret;
+  return VersionCheck(RecordOf<HwConfigOutputParams>(out));
+}
+
+// Returns the parser's result. What it answered is converted in any case.
+int ZelTarnImpl::RunModeOp(const ModeOp& op, const ModeRenderInputParams& request,
+                           HwConfigOutputParams* out) {
+  // Value-initialised, which blanks the record's padding too.
+  auto asked = tarn::ModeRenderInputParams();
+  tarn::HwConfigOutputParams answer;
+  ConvertModeRenderInputParams(request, &asked);
+  const tarn::TarnPayload input = tarn::Wrap(&asked);
+  tarn::TarnPayload output = tarn::Wrap(&answer);
+
+  const int ret = mode_parser_intf_->ProcessOps(op.parser_op, input, &output);
+  if (ret != kOk) {
+    ZEL_LOGE_AS(op.function, "Failed to process %s, ret %d", op.name, ret);
+  } else {
+    ZEL_LOGI_AS(2, op.function,
+                "Successfully with mode (gamut %d, gamma %d, intent %d), output Hw configs %d",
+                static_cast<int>(request.mode.gamut), static_cast<int>(request.mode.gamma),
+                static_cast<int>(request.mode.intent), static_cast<int>(answer.payloads.size()));
+  }
+  ConvertHwConfigOutputParams(answer, out);
+  return ret;
+}
+
+}  // namespace velaricolor

@@ -1,0 +1,54 @@
+// Conversion of the mode operations' records between the two namespaces.
+
+#include <utility>
+
+#include "convert/find_block.h"
+#include "plugin/log.h"
+#include "plugin/zel_tarn_impl.h"
+
+namespace velaricolor {
+
+int ZelTarnImpl::ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
+                                              tarn::ModeRenderInputParams* out) {
+  if (out == nullptr) {
+    ZEL_LOGE("Invalid parameters");
+    return kErrInvalid;
+  }
+  out->hw_assets = in.hw_assets;
+  out->mode.gamut = in.mode.gamut;
+  out->mode.gamma = in.mode.gamma;
+  out->mode.intent = in.mode.intent;
+  out->mode.hw_assets = in.mode.hw_assets;
+  // The label isn't part of a request: the three ids name the mode.
+  out->aux_enable = in.aux_enable;
+  out->aux_data = in.aux_data;
+  out->aux_word = in.aux_word;
+  return kOk;
+}
+
+int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& in,
+                                             velaricolor::HwConfigOutputParams* out) {
+  if (out == nullptr) {
+    ZEL_LOGE("Invalid parameters");
+    return kErrInvalid;
+  }
+  if (const int ret = VersionCheck(out); ret != kOk) return ret;
+
+  for (const tarn::HwConfigPayload& payload : in.payloads) {
+    const auto converter = hw_config_converters_.find(payload.hw_block);
+    if (converter == hw_config_converters_.end() || converter->second == nullptr) {
+      return kErrInvalid;
+    }
+    HwConfigPayload fresh;
+    HwConfigPayload* const known = FindBlock(out, payload.hw_block);
+    HwConfigPayload* const target = known == nullptr ? &fresh : known;
+    if (const int ret = (this->*converter->second)(payload, target); ret != kOk) {
+      ZEL_LOGE("Failed to convert for %s from tarn to velari namespace", payload.hw_block.c_str());
+      return ret;
+    }
+    if (target == &fresh) out->payloads.push_back(std::move(fresh));
+  }
+  return kOk;
+}
+
+}  // namespace velaricolor
