@@ -1,0 +1,73 @@
+// The host's dimensions of the gamut, gamma and inverse-gamma tables: kept for
+// the converters and passed on to the mode parser.
+
+#include <utility>
+
+#include "convert/gamut_gamma_config.h"
+#include "interface/payload.h"
+#include "plugin/checks.h"
+#include "plugin/zel_tarn_impl.h"
+
+namespace velaricolor {
+
+struct ZelTarnImpl::DimensionBlock {
+  const char* function;
+  PostBlendHwConfig ZelTarnImpl::*config;
+  uint32_t version;  // of the block's typed record, as the parser expects it
+  tarn::ZelProperty parser_prop;
+  bool bounded;  // 1 to kMaxGammaEntries; else any count
+};
+
+int ZelTarnImpl::SetPostBlendGamutConfig(const VcPayload& payload) {
+  return SetDimensions({.function = __func__,
+                        .config = &ZelTarnImpl::gamut_hw_config_,
+                        .version = GamutPostBlendConfig::kVersion,
+                        .parser_prop = tarn::kZelPostBlendGamutHwConfig,
+                        .bounded = false},
+                       payload);
+}
+
+int ZelTarnImpl::SetPostBlendGammaConfig(const VcPayload& payload) {
+  return SetDimensions({.function = __func__,
+                        .config = &ZelTarnImpl::gamma_hw_config_,
+                        .version = GammaPostBlendConfig::kVersion,
+                        .parser_prop = tarn::kZelPostBlendGammaHwConfig,
+                        .bounded = true},
+                       payload);
+}
+
+int ZelTarnImpl::SetPostBlendInvGammaConfig(const VcPayload& payload) {
+  return SetDimensions({.function = __func__,
+                        .config = &ZelTarnImpl::inverse_gamma_hw_config_,
+                        .version = GammaPostBlendConfig::kVersion,
+                        .parser_prop = tarn::kZelPostBlendInverseGammaHwConfig,
+                        .bounded = true},
+                       payload);
+}
+
+int ZelTarnImpl::SetDimensions(const DimensionBlock& block, const VcPayload& payload) {
+  if (const int ret = CheckEnvelope<PostBlendHwConfig>(payload, block.function); ret != kOk) {
+    return ret;
+  }
+  const auto& wanted = *RecordOf<const PostBlendHwConfig>(payload);
+  if (block.bounded) {
+    const int ret = CheckGammaEntries(wanted.num_of_entries, block.function);
+    if (ret != kOk) return ret;
+  }
+
+  // Both copies first: running out of memory changes nothing.
+  auto attributes = wanted.attributes;
+  tarn::PostBlendHwConfig forwarded = {.version = block.version,
+                                       .num_of_entries = wanted.num_of_entries,
+                                       .bit_depth = wanted.bit_depth,
+                                       .attributes = wanted.attributes};
+  PostBlendHwConfig& config = this->*block.config;
+  config.num_of_entries = wanted.num_of_entries;
+  config.bit_depth = wanted.bit_depth;
+  config.attributes = std::move(attributes);
+
+  if (mode_parser_intf_ == nullptr) return kOk;
+  return mode_parser_intf_->SetProperty(tarn::Wrap(&forwarded, block.parser_prop));
+}
+
+}  // namespace velaricolor

@@ -1,0 +1,47 @@
+#include <sys/types.h>
+
+#include <string>
+#include <vector>
+
+#include "plugin/checks.h"
+#include "plugin/log.h"
+#include "plugin/names.h"
+#include "plugin/zel_tarn_impl.h"
+
+namespace velaricolor {
+
+namespace {
+
+int AnswerBool(bool answer, const VcPayload& payload, const char* function) {
+  if (const int ret = CheckEnvelope<bool>(payload, function); ret != kOk) return ret;
+  *RecordOf<bool>(payload) = answer;
+  return kOk;
+}
+
+}  // namespace
+
+int ZelTarnImpl::GetNeedsUpdate(VcPayload* payload) {
+  return AnswerBool(needs_update_, *payload, __func__);
+}
+
+int ZelTarnImpl::GetSupportTonemap(VcPayload* payload) {
+  return AnswerBool(false, *payload, __func__);
+}
+
+int ZelTarnImpl::GetDimmingSupport(VcPayload* payload) {
+  return AnswerBool(true, *payload, __func__);
+}
+
+// The blocks whose tables the host may dimension.
+int ZelTarnImpl::GetSupportHwAssets(VcPayload* payload) {
+  using Names = std::vector<std::string>;
+  if (payload->len != sizeof(Names) || payload->payload == nullptr) {
+    ZEL_LOGE("len of Input params act %zd exp %zd", static_cast<ssize_t>(payload->len),
+             static_cast<ssize_t>(sizeof(Names)));
+    return kErrInvalid;
+  }
+  RecordOf<Names>(*payload)->assign({kPostBlendGamut, kPostBlendIGC, kPostBlendGC});
+  return kOk;
+}
+
+}  // namespace velaricolor
