@@ -1,0 +1,13 @@
+# The boundary records depend on libc++, so clang++ is picked unless the caller
+# names a compiler. Included before project().
+if(NOT CMAKE_CXX_COMPILER AND NOT DEFINED ENV{CXX} AND NOT CMAKE_TOOLCHAIN_FILE)
+  find_program(ZEL_CLANGXX NAMES clang++ clang++-14)
+  if(NOT ZEL_CLANGXX)
+    message(FATAL_ERROR "clang++ not found: run scripts/install-deps.sh, or pass -DCMAKE_CXX_COMPILER=")
+  endif()
+  set(CMAKE_CXX_COMPILER ${ZEL_CLANGXX})
+endif()
+
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE RelWithDebInfo CACHE STRING "Debug, RelWithDebInfo or Release")
+endif()
