@@ -1,3 +1,4 @@
+#include "pcc/pcc_arithmetic.h"
 #include "pcc/pcc_block.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
@@ -13,9 +14,7 @@ int ZelTarnImpl::ApplyPccAttenuationFactor(HwConfigOutputParams* out) const {
     ZEL_LOGI(2, "no pcc matrix in output_params");
     return kOk;
   }
-  for (PccRow* const row : {&block->coeffs.r, &block->coeffs.g, &block->coeffs.b}) {
-    for (double& term : *row) term *= pcc_attenuation_factor_;
-  }
+  Scale(pcc_attenuation_factor_, &block->coeffs);
   block->enable = true;
   return kOk;
 }

@@ -2,6 +2,7 @@
 // transform to its result.
 
 #include "interface/payload.h"
+#include "pcc/pcc_arithmetic.h"
 #include "pcc/pcc_block.h"
 #include "pcc/pcc_merge.h"
 #include "plugin/log.h"
@@ -75,14 +76,7 @@ void ZelTarnImpl::Color3x3PCCMultiply(const pcc_coeff_data* pcc_trans,
                                       const pcc_coeff_data* pcc_active, pcc_coeff_data* pcc_out) {
   if (!CheckOperands(pcc_trans, pcc_active, pcc_out, __func__)) return;
 
-  for (PccRow pcc_coeff_data::*const row :
-       {&pcc_coeff_data::r, &pcc_coeff_data::g, &pcc_coeff_data::b}) {
-    const PccRow& trans = pcc_trans->*row;
-    for (size_t term = 0; term < kPccTerms; ++term) {
-      (pcc_out->*row)[term] = (trans[1] * pcc_active->r[term] + trans[2] * pcc_active->g[term]) +
-                              trans[3] * pcc_active->b[term];
-    }
-  }
+  Multiply3x3(*pcc_trans, *pcc_active, pcc_out);
 }
 
 }  // namespace velaricolor
