@@ -1,0 +1,18 @@
+#!/usr/bin/env bash
+# Installs what is missing, configures and builds. Quiet unless something fails.
+# Usage: scripts/build.sh [PRESET]
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build() {
+  local preset=$1 log
+  log=$(mktemp)
+  scripts/install-deps.sh
+  if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
+    cat "$log" >&2
+    rm -f "$log"
+    return 1
+  fi
+  rm -f "$log"
+}
+build "${1:-release}"

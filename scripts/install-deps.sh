@@ -1,0 +1,27 @@
+#!/usr/bin/env bash
+# Installs the Debian packages that building, testing and running need. Does
+# nothing, and needs no rights, where all are there.
+set -euo pipefail
+
+packages=(
+  clang clang-format clang-tidy llvm lld      # compiler, gates, coverage
+  libc++-dev libc++abi-dev                    # the platform's standard library
+  cmake ninja-build
+  googletest                                  # sources: built against libc++
+  nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
+  libbenchmark-dev                            # bench
+)
+
+missing=()
+for package in "${packages[@]}"; do
+  status=$(dpkg-query -W -f='${db:Status-Status}' "$package" 2>/dev/null || true)
+  [ "$status" = installed ] || missing+=("$package")
+done
+[ ${#missing[@]} -gt 0 ] || exit 0
+
+as_root=()
+[ "$(id -u)" -eq 0 ] || as_root=(sudo)
+echo "Installing: ${missing[*]}"
+"${as_root[@]}" apt-get update -qq
+"${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+  apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
