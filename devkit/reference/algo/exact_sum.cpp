@@ -1,0 +1,53 @@
+#include "devkit/reference/algo/exact_sum.h"
+
+#include <cfloat>
+#include <cmath>
+
+namespace tarn::reference {
+namespace {
+
+// A product below this may have an error term that underflows.
+constexpr double kSmallestProduct = DBL_MIN * 0x1p54;
+
+}  // namespace
+
+void ExactSum::Add(double value) {
+  std::vector<double> parts;
+  parts.reserve(parts_.size() + 1);
+  for (const double part : parts_) {
+    const double sum = value + part;
+    const double rounded_part = sum - value;
+    const double error = (value - (sum - rounded_part)) + (part - rounded_part);
+    if (error != 0) parts.push_back(error);
+    value = sum;
+  }
+  if (value != 0) parts.push_back(value);
+  exact_ = exact_ && std::isfinite(value);
+  parts_ = std::move(parts);
+}
+
+void ExactSum::Add(const ExactSum& other) {
+  exact_ = exact_ && other.exact_;
+  for (const double part : other.parts_) Add(part);
+}
+
+ExactSum ExactSum::Times(double factor) const {
+  ExactSum result;
+  result.exact_ = exact_;
+  if (factor == 0) return result;
+  for (const double part : parts_) {
+    const double product = part * factor;
+    result.exact_ = result.exact_ && std::abs(product) >= kSmallestProduct;
+    result.Add(std::fma(part, factor, -product));
+    result.Add(product);
+  }
+  return result;
+}
+
+double ExactSum::Value() const {
+  double sum = 0;
+  for (const double part : parts_) sum += part;
+  return sum;
+}
+
+}  // namespace tarn::reference

@@ -1,0 +1,48 @@
+// A panel and the modes that it offers, as its description states them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "convert/hw_config_payload.h"
+#include "devkit/reference/color/primaries.h"
+#include "devkit/reference/color/transfer_function.h"
+#include "modes/color_mode.h"
+
+namespace tarn::reference {
+
+// Block configurations, ready to be handed out. Handing one out shares its
+// record, which nobody writes to.
+using Blocks = std::vector<HwConfigPayload>;
+
+enum class GamutMapping {
+  kNone,        // what the panel can't show is clipped behind the PCC block
+  kDesaturate,  // it is drawn towards the grey of its own luminance
+};
+
+// How content of a mode is to be understood.
+struct Target {
+  color::Primaries primaries;
+  color::TransferFunction transfer;
+  bool adaptation = true;
+  GamutMapping gamut_mapping = GamutMapping::kNone;
+};
+
+struct Mode {
+  ColorMode id;
+  Target target;
+  Blocks blocks;     // those that are stated, not computed
+  Blocks sw_assets;  // answer to kZelModeSwAssets
+};
+
+struct Panel {
+  color::Primaries primaries;
+  color::Luminance luminance;
+  color::TransferFunction transfer;
+  uint32_t bit_depth = 0;
+  Blocks dither;  // answer to kZelPbDitherHwConfig
+  std::vector<Mode> modes;
+};
+
+}  // namespace tarn::reference

@@ -1,0 +1,14 @@
+// Why a panel description was refused.
+#pragma once
+
+#include <stdexcept>
+
+namespace tarn::reference {
+
+// The text is one line that names the place and the reason.
+class PanelError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace tarn::reference

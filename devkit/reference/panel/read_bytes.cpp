@@ -1,0 +1,27 @@
+#include "devkit/reference/panel/read_bytes.h"
+
+#include <charconv>
+
+namespace tarn::reference {
+
+std::string BytesOf(const JsonValue& value, size_t max) {
+  const std::string digits = value.Text();
+  if (digits.size() % 2 != 0) value.Refuse("expected two hexadecimal digits per byte");
+  if (digits.size() / 2 > max) {
+    value.Refuse("expected at most " + std::to_string(max) + " bytes, found " +
+                 std::to_string(digits.size() / 2));
+  }
+  std::string bytes;
+  bytes.reserve(digits.size() / 2);
+  for (size_t i = 0; i < digits.size(); i += 2) {
+    uint8_t byte = 0;
+    const char* pair = digits.data() + i;
+    if (std::from_chars(pair, pair + 2, byte, 16).ptr != pair + 2) {
+      value.Refuse("expected hexadecimal digits, at character " + std::to_string(i));
+    }
+    bytes.push_back(static_cast<char>(byte));
+  }
+  return bytes;
+}
+
+}  // namespace tarn::reference

@@ -1,0 +1,95 @@
+#include "devkit/reference/panel/read_panel.h"
+
+#include <algorithm>
+#include <tuple>
+
+#include "devkit/reference/panel/json_file.h"
+#include "devkit/reference/panel/json_reader.h"
+#include "devkit/reference/panel/panel_error.h"
+#include "devkit/reference/panel/read_blocks.h"
+#include "devkit/reference/panel/read_color.h"
+
+namespace tarn::reference {
+namespace {
+
+// 255, 255 and 65535 stand for "no mode".
+constexpr int64_t kMaxShortId = 254;
+constexpr int64_t kMaxIntentId = 65534;
+constexpr size_t kMaxModes = 4096;
+
+std::string ReadLabel(const JsonValue& value) {
+  std::string label = value.Text();
+  if (label.empty()) value.Refuse("must not be empty");
+  return label;
+}
+
+ColorMode ReadId(ObjectReader* in) {
+  ColorMode id;
+  id.label = ReadLabel(in->Need("label"));
+  id.gamut = static_cast<uint32_t>(in->Need("gamut").Integer(0, kMaxShortId));
+  id.gamma = static_cast<uint32_t>(in->Need("gamma").Integer(0, kMaxShortId));
+  id.intent = static_cast<uint32_t>(in->Need("intent").Integer(0, kMaxIntentId));
+  if (const auto assets = in->Find("hw_assets")) {
+    for (const JsonValue& asset : assets->Elements(0, 64)) {
+      id.hw_assets.push_back(ReadLabel(asset));
+    }
+  }
+  return id;
+}
+
+Mode ReadMode(const JsonValue& value, const Panel& panel) {
+  ObjectReader in(value);
+  Mode mode = {.id = ReadId(&in),
+               .target = {.primaries = panel.primaries, .transfer = panel.transfer},
+               .blocks = {},
+               .sw_assets = {}};
+  if (const auto target = in.Find("target")) mode.target = ReadTarget(*target, panel);
+  if (const auto blocks = in.Find("blocks")) mode.blocks = ReadBlocks(*blocks, panel.bit_depth);
+  if (const auto assets = in.Find("sw_assets")) {
+    mode.sw_assets = ReadBlocks(*assets, panel.bit_depth);
+  }
+  in.Finish();
+  return mode;
+}
+
+// Modes are asked for by their ids, and people choose them by their labels.
+void CheckUnique(const Mode& mode, const std::vector<Mode>& others, const JsonValue& value) {
+  const auto ids = [](const ColorMode& m) { return std::tie(m.gamut, m.gamma, m.intent); };
+  for (const Mode& other : others) {
+    if (ids(other.id) == ids(mode.id)) {
+      value.Refuse("has the ids of mode \"" + other.id.label + "\"");
+    }
+    if (other.id.label == mode.id.label) value.Refuse("has the label of an earlier mode");
+  }
+}
+
+Panel ReadRoot(const JsonValue& value) {
+  ObjectReader in(value);
+  in.Need("format").Integer(1, 1);
+  in.Need("name").Text();
+  Panel panel;
+  ReadCalibration(in.Need("panel"), &panel);
+  if (const auto dither = in.Find("dither")) {
+    panel.dither.push_back(ReadDither(*dither, panel.bit_depth));
+  }
+  for (const JsonValue& element : in.Need("modes").Elements(1, kMaxModes)) {
+    Mode mode = ReadMode(element, panel);
+    CheckUnique(mode, panel.modes, element);
+    panel.modes.push_back(std::move(mode));
+  }
+  in.Finish();
+  return panel;
+}
+
+}  // namespace
+
+Panel ReadPanel(const std::string& path) {
+  try {
+    const nlohmann::json root = ReadJsonFile(path);
+    return ReadRoot(JsonValue(root, "$"));
+  } catch (const PanelError& error) {
+    throw PanelError(path + ": " + error.what());
+  }
+}
+
+}  // namespace tarn::reference

@@ -1,0 +1,14 @@
+// Reading a panel description (docs/panel-description.md).
+#pragma once
+
+#include <string>
+
+#include "devkit/reference/panel/panel.h"
+
+namespace tarn::reference {
+
+// Throws PanelError, whose text begins with the file's name, when the file is
+// anything but a complete and consistent description.
+Panel ReadPanel(const std::string& path);
+
+}  // namespace tarn::reference
