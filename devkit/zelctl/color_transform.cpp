@@ -1,0 +1,72 @@
+#include "devkit/zelctl/color_transform.h"
+
+#include <map>
+#include <vector>
+
+#include "devkit/zelctl/color_blindness.h"
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/input.h"
+#include "devkit/zelctl/night_light.h"
+
+namespace zelctl {
+namespace {
+
+using velaricolor::ColorTransformMatrix;
+
+constexpr const char* kNightPrefix = "night:";
+
+ColorTransformMatrix Transform(const Matrix3& linear, double offset = 0) {
+  ColorTransformMatrix transform;
+  for (size_t row = 0; row < 3; ++row) {
+    for (size_t column = 0; column < 3; ++column) {
+      transform.matrix[4 * column + row] = static_cast<float>(linear[row][column]);
+    }
+    transform.matrix[12 + row] = static_cast<float>(offset);
+  }
+  return transform;
+}
+
+// Every channel becomes the luminance: ITU-R BT.709, section 3, item 3.2.
+ColorTransformMatrix Grayscale() {
+  constexpr Vector3 kLuminance = {0.2126, 0.7152, 0.0722};
+  return Transform({kLuminance, kLuminance, kLuminance});
+}
+
+// c becomes 1 - c.
+ColorTransformMatrix Inversion() { return Transform(Diagonal({-1, -1, -1}), 1); }
+
+ColorTransformMatrix ParseNight(const std::string& text) {
+  const double kelvin = ParseNumber(text);
+  if (kelvin < kMinKelvin || kelvin > kMaxKelvin) {
+    throw UsageError("night light takes 1667 to 25000 kelvin, not " + text);
+  }
+  return Transform(NightLight(kelvin));
+}
+
+ColorTransformMatrix ParseMatrix(const std::string& text) {
+  const std::vector<std::string> numbers = Split(text, ", \t");
+  ColorTransformMatrix transform;
+  if (numbers.size() != transform.matrix.size()) {
+    throw UsageError("'" + text + "' is neither the name of a colour transform nor 16 numbers");
+  }
+  for (size_t i = 0; i < numbers.size(); ++i) transform.matrix[i] = ParseFloat(numbers[i]);
+  return transform;
+}
+
+}  // namespace
+
+ColorTransformMatrix ParseColorTransform(const std::string& text) {
+  const std::map<std::string, ColorTransformMatrix> named = {
+      {"identity", Transform(kIdentity3)},
+      {"grayscale", Grayscale()},
+      {"inversion", Inversion()},
+      {"protanomaly", Transform(ProtanomalyCorrection())},
+      {"deuteranomaly", Transform(DeuteranomalyCorrection())},
+      {"tritanomaly", Transform(TritanomalyCorrection())},
+  };
+  if (const auto found = named.find(text); found != named.end()) return found->second;
+  if (text.rfind(kNightPrefix, 0) == 0) return ParseNight(text.substr(6));
+  return ParseMatrix(text);
+}
+
+}  // namespace zelctl

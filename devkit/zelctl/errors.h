@@ -1,0 +1,24 @@
+// What ends a run, and the exit status that it gives.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace zelctl {
+
+inline constexpr int kExitCallFailed = 1;  // the plug-in refused a call, or output was lost
+inline constexpr int kExitUsage = 2;       // a wrong mode, file, number or option
+
+// The user's input can't be used. One line, without a final full stop.
+class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// A call of the plug-in answered a non-zero code.
+class CallError : public std::runtime_error {
+ public:
+  CallError(const std::string& call, int code);
+};
+
+}  // namespace zelctl

@@ -1,0 +1,52 @@
+#include "devkit/zelctl/input.h"
+
+#include <unistd.h>
+
+#include <cerrno>
+#include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+
+#include "devkit/zelctl/errors.h"
+
+namespace zelctl {
+namespace {
+
+template <typename Number>
+Number Parse(const std::string& text, Number (*convert)(const char*, char**)) {
+  char* end = nullptr;
+  const Number value = convert(text.c_str(), &end);
+  if (text.empty() || *end != '\0') throw UsageError("'" + text + "' is not a number");
+  if (!std::isfinite(value)) throw UsageError("'" + text + "' is not a finite number");
+  return value;
+}
+
+}  // namespace
+
+double ParseNumber(const std::string& text) { return Parse(text, std::strtod); }
+
+float ParseFloat(const std::string& text) { return Parse(text, std::strtof); }
+
+std::vector<std::string> Split(const std::string& text, const char* separators) {
+  std::vector<std::string> parts;
+  size_t start = text.find_first_not_of(separators);
+  while (start != std::string::npos) {
+    const size_t end = text.find_first_of(separators, start);
+    parts.push_back(text.substr(start, end - start));
+    start = text.find_first_not_of(separators, end);
+  }
+  return parts;
+}
+
+void RequireReadable(const std::string& path, const std::string& what) {
+  std::error_code ignored;
+  if (std::filesystem::is_directory(path, ignored)) {
+    throw UsageError("can't read " + what + " " + path + ": Is a directory");
+  }
+  if (access(path.c_str(), R_OK) != 0) {
+    throw UsageError("can't read " + what + " " + path + ": " + std::strerror(errno));
+  }
+}
+
+}  // namespace zelctl

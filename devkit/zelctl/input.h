@@ -1,0 +1,21 @@
+// Reading what the user typed. Everything here throws UsageError.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace zelctl {
+
+// A finite number; nothing may follow it.
+double ParseNumber(const std::string& text);
+
+// The same, rounded to single precision once.
+float ParseFloat(const std::string& text);
+
+// The parts of `text` between `separators`; empty parts are dropped.
+std::vector<std::string> Split(const std::string& text, const char* separators);
+
+// Refuses a path that is not a readable file. `what` names the file's role.
+void RequireReadable(const std::string& path, const std::string& what);
+
+}  // namespace zelctl

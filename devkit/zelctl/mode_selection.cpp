@@ -1,0 +1,43 @@
+#include "devkit/zelctl/mode_selection.h"
+
+#include <vector>
+
+#include "devkit/zelctl/errors.h"
+
+namespace zelctl {
+namespace {
+
+std::string Titles(const velaricolor::ColorModeList& list) {
+  std::string text;
+  for (size_t i = 0; i < list.modes.size(); ++i) {
+    text += (i == 0 ? "" : ", ") + ModeTitle(list, i);
+  }
+  return text.empty() ? "none" : text;
+}
+
+}  // namespace
+
+std::string ModeIds(const velaricolor::ColorMode& mode) {
+  return std::to_string(mode.gamut) + ":" + std::to_string(mode.gamma) + ":" +
+         std::to_string(mode.intent);
+}
+
+std::string ModeTitle(const velaricolor::ColorModeList& list, size_t index) {
+  const auto& mode = list.modes[index];
+  return std::to_string(index) + " " + mode.label + " (" + ModeIds(mode) + ")";
+}
+
+size_t SelectMode(const velaricolor::ColorModeList& list, const std::string& text) {
+  std::vector<size_t> labelled;
+  for (size_t i = 0; i < list.modes.size(); ++i) {
+    if (text == std::to_string(i) || text == ModeIds(list.modes[i])) return i;
+    if (text == list.modes[i].label) labelled.push_back(i);
+  }
+  if (labelled.size() == 1) return labelled.front();
+  const std::string problem =
+      labelled.empty() ? "no mode '" + text + "'"
+                       : "label '" + text + "' names " + std::to_string(labelled.size()) + " modes";
+  throw UsageError(problem + "; valid modes: " + Titles(list));
+}
+
+}  // namespace zelctl

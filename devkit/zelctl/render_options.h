@@ -1,0 +1,44 @@
+// What `render` sets on the plug-in before it renders.
+#pragma once
+
+#include <CLI/App.hpp>
+#include <array>
+#include <optional>
+
+#include "devkit/zelctl/host_session.h"
+#include "handlers/color_transform_matrix.h"
+#include "handlers/post_blend_hw_config.h"
+#include "pcc/pcc_config.h"
+
+namespace zelctl {
+
+// The table size of one block; what is not given keeps the usual value.
+struct TableSize {
+  const char* name;
+  velaricolor::VcProperty property;
+  uint32_t usual_entries;
+  uint32_t usual_bits;
+  uint32_t max_entries;
+  std::optional<uint32_t> entries = {};
+  std::optional<uint32_t> bits = {};
+};
+
+struct RenderOptions {
+  std::array<TableSize, 3> table_sizes = {{
+      {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, 257, 12, kMaxGammaEntries},
+      {"gc", velaricolor::kVcPostBlendGammaHwConfig, 1024, 10, kMaxGammaEntries},
+      {"gamut", velaricolor::kVcPostBlendGamutHwConfig, 17, 12, UINT32_MAX},
+  }};
+  bool calibration = false;
+  std::optional<velaricolor::ColorTransformMatrix> color_transform;
+  std::optional<velaricolor::PccPostBlendConfig> ltm;
+  std::optional<double> dimming;
+};
+
+// `options` must live until the command has run.
+void AddRenderOptions(CLI::App& command, RenderOptions* options);
+
+// The settings that do not concern the PCC block.
+void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session);
+
+}  // namespace zelctl

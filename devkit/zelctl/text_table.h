@@ -1,0 +1,31 @@
+// Tables for a terminal.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace zelctl {
+
+enum class Align { kLeft, kRight };
+
+struct TextColumn {
+  std::string heading;
+  Align align = Align::kLeft;
+};
+
+// Columns are as wide as their widest cell, two blanks apart.
+class TextTable {
+ public:
+  explicit TextTable(std::vector<TextColumn> columns) : columns_(std::move(columns)) {}
+
+  // `row` has one cell per column.
+  void Add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
+  void Print(std::ostream& out) const;
+
+ private:
+  std::vector<TextColumn> columns_;
+  std::vector<std::vector<std::string>> rows_;
+};
+
+}  // namespace zelctl
