@@ -1,0 +1,88 @@
+// Initialising again, de-initialising, destroying.
+#include <memory>
+
+#include "pcc/pcc_config.h"
+#include "tests/support/plugin_host.h"
+
+namespace {
+
+class Restart : public PluginTest {
+ protected:
+  void SetUp() override { Start(); }
+
+  std::vector<std::string> Labels() {
+    velaricolor::ColorModeList list;
+    EXPECT_EQ(Get(velaricolor::kVcModesList, &list), 0);
+    std::vector<std::string> labels;
+    for (const auto& mode : list.modes) labels.push_back(mode.label);
+    return labels;
+  }
+
+  // Renders an enabled PCC block with an LTM matrix; tells whether it was merged.
+  bool Merges() {
+    auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
+    pcc->enable = true;
+    Parser().blocks = {Block("PostBlendPCC", pcc)};
+    auto ltm = velaricolor::PccPostBlendConfig();
+    ltm.enable = true;
+    EXPECT_EQ(Set(velaricolor::kVcLtmPccConfig, ltm), 0);
+    velaricolor::HwConfigOutputParams output;
+    Algo().merges = 0;
+    EXPECT_EQ(Render(&output), 0);
+    return Algo().merges != 0;
+  }
+};
+
+TEST_F(Restart, SecondInitStartsAfresh) {
+  EXPECT_TRUE(Merges());
+  Platform().TakeEvents();
+  Parser().modes = {{.label = "new"}, {.label = "newer"}};
+  ASSERT_EQ(Init("other"), 0);
+  EXPECT_EQ(Platform().TakeEvents(),
+            (Lines{"delete parser", "delete algo", "close parser", "open parser",
+                   "parser factory 2 0", "parser Init other", "parser GetProperty 1", "close algo",
+                   "open algo", "algo factory 2 0", "algo Init other"}));
+  EXPECT_EQ(Labels(), (Lines{"new", "newer"}));
+
+  Platform().algo_opens = false;
+  ASSERT_EQ(Init(), 0);
+  EXPECT_FALSE(Merges());
+  Platform().algo_opens = true;
+  ASSERT_EQ(Init(), 0);
+  EXPECT_TRUE(Merges());
+}
+
+TEST_F(Restart, FailedSecondInitLeavesAnObjectWithoutModes) {
+  Platform().parser_opens = false;
+  EXPECT_EQ(Init(), -22);
+  EXPECT_EQ(Platform().TakeEvents(),
+            (Lines{"delete parser", "delete algo", "close parser", "open parser"}));
+  EXPECT_EQ(Labels(), Lines());
+  velaricolor::HwConfigOutputParams output;
+  EXPECT_EQ(Render(&output), 0);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Init(), -22);
+  EXPECT_EQ(Render(&output), -22);
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"open parser"});
+  Unload();
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"close algo"});
+}
+
+TEST_F(Restart, DeInitKeepsObjectsAndSettings) {
+  EXPECT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Platform().TakeEvents(),
+            (Lines{"parser DeInit", "algo DeInit", "parser DeInit", "algo DeInit"}));
+  ASSERT_EQ(Init(), 0);
+  bool needs_update = false;
+  EXPECT_EQ(Get(velaricolor::kVcNeedsUpdate, &needs_update), 0);
+  EXPECT_TRUE(needs_update);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  Platform().TakeEvents();
+  Unload();
+  EXPECT_EQ(Platform().TakeEvents(),
+            (Lines{"delete parser", "delete algo", "close algo", "close parser"}));
+}
+
+}  // namespace

@@ -1,0 +1,188 @@
+// The road of each block: bytes in at the parser, bytes out at the host.
+
+#include <algorithm>
+#include <utility>
+
+#include "convert/blob_config.h"
+#include "convert/dither_config.h"
+#include "convert/gamut_gamma_config.h"
+#include "convert/pa_de_config.h"
+#include "pcc/pcc_config.h"
+#include "tests/support/bytes.h"
+#include "tests/support/plugin_host.h"
+
+using velaricolor::HwConfigOutputParams;
+
+namespace {
+
+using Span = std::pair<size_t, size_t>;  // begin and end
+
+struct Road {
+  std::string block;
+  std::string converter;
+  uint32_t version;           // and size
+  std::vector<Span> carried;  // the bytes that reach the host
+  Span container;             // strings and lists, no plain bytes
+  std::shared_ptr<void> (*make_parsers)();
+  std::shared_ptr<void> (*make_hosts)();
+};
+
+// Lists long enough for any gamma table.
+template <typename Record>
+std::shared_ptr<void> Make() {
+  auto record = std::make_shared<Record>();
+  if constexpr (requires { record->c0; }) {
+    for (auto* list : {&record->c0, &record->c1, &record->c2}) list->resize(1024);
+  }
+  return record;
+}
+
+template <template <typename> class Config>
+Road To(const std::string& block, const std::string& name, uint32_t version,
+        const std::vector<Span>& carried, Span container = {}) {
+  return {.block = block,
+          .converter = "ConvertPostBlend" + name + "Payload",
+          .version = version,
+          .carried = carried,
+          .container = std::move(container),
+          .make_parsers = Make<Config<tarn::LibrarySide>>,
+          .make_hosts = Make<Config<velaricolor::HostSide>>};
+}
+
+std::vector<Road> Roads() {
+  using namespace zeltarn::layout;  // NOLINT(google-build-using-namespace)
+  return {
+      To<GamutPostBlendConfig>("PostBlendGamut", "Gamut", 117936, {{4, 5}, {8, 117936}}),
+      To<GammaPostBlendConfig>("PostBlendIGC", "InvGamma", 88, {{4, 5}, {80, 81}, {84, 88}},
+                               {8, 80}),
+      To<GammaPostBlendConfig>("PostBlendGC", "Gamma", 88, {{4, 5}}, {8, 80}),
+      To<PccPostBlendConfig>("PostBlendPCC", "PCC", 280, {{4, 5}, {8, 280}}),
+      To<PaPostBlendConfig>("PostBlendPa", "Pa", 9568, {{4, 5}, {8, 292}, {296, 340}, {344, 9568}}),
+      To<DitherPostBlendConfig>("PostBlendDither", "Dither", 96, {{4, 5}, {8, 96}}),
+      To<PaDitherPostBlendConfig>("PostBlendPaDither", "PaDither", 88, {{4, 5}, {8, 88}}),
+      To<HdrBlobPostBlendConfig>("PostBlendHdrBlob", "HdrBlob", 32, {}, {8, 32}),
+      To<GameBlobPostBlendConfig>("PostBlendGameBlob", "GameBlob", 32, {{4, 5}}, {8, 32}),
+      To<DePostBlendConfig>("PostBlendDE", "DE", 48, {{4, 5}, {8, 48}}),
+  };
+}
+
+// Different in every byte for each `flip` (0 or 0xFE), and nowhere zero;
+// containers left out.
+Bytes Pattern(const Road& road, uint8_t flip, bool enable) {
+  Bytes bytes(road.version);
+  for (uint32_t i = 0; i < bytes.size(); ++i) {
+    if (i >= road.container.first && i < road.container.second) continue;
+    bytes[i] = static_cast<uint8_t>((((i * 2654435761U) >> 24) ^ flip) | 1);
+  }
+  bytes[4] = enable ? 1 : 0;
+  return bytes;
+}
+
+void Fill(const std::shared_ptr<void>& record, const Road& road, const Bytes& bytes) {
+  auto* const to = static_cast<uint8_t*>(record.get());
+  std::copy_n(bytes.data(), road.container.first, to);
+  std::copy(bytes.data() + road.container.second, bytes.data() + bytes.size(),
+            to + road.container.second);
+}
+
+Bytes Image(const Road& road, const std::shared_ptr<void>& record) {
+  Bytes image = BytesAt(record.get(), road.version);
+  std::fill(image.data() + road.container.first, image.data() + road.container.second, 0);
+  return image;
+}
+
+// `before`, where `from` has been converted into it.
+Bytes Converted(const Road& road, const Bytes& from, Bytes before) {
+  for (const auto& [begin, end] : road.carried) {
+    std::copy(from.data() + begin, from.data() + end, before.data() + begin);
+  }
+  return before;
+}
+
+class Roads : public PluginTest {};
+
+TEST_F(Roads, CarryTheirFieldsAndNothingElse) {
+  Start();
+  for (const Road& road : ::Roads()) {
+    for (const bool enable : {true, false}) {
+      SCOPED_TRACE(road.block + (enable ? " enabled" : " disabled"));
+      const Bytes from = Pattern(road, 0, enable);
+      const std::shared_ptr<void> parsers = road.make_parsers();
+      Fill(parsers, road, from);
+      // A length that is nobody's: it's copied, not computed.
+      Parser().blocks = {{.hw_block = road.block, .payload = parsers, .len = 12345}};
+      HwConfigOutputParams output;
+
+      ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+      ASSERT_EQ(output.payloads.size(), 1U);
+      EXPECT_EQ(output.payloads[0].version, 56U);
+      EXPECT_EQ(output.payloads[0].hw_block, road.block);
+      EXPECT_EQ(output.payloads[0].len, 12345U);
+      Bytes blank(road.version);
+      for (uint32_t i = 0; i < 4; ++i) blank[i] = static_cast<uint8_t>(road.version >> (8 * i));
+      EXPECT_EQ(Image(road, output.payloads[0].payload), Converted(road, from, blank)) << "fresh";
+
+      const Bytes before = Pattern(road, 0xFE, !enable);
+      const std::shared_ptr<void> hosts = road.make_hosts();
+      Fill(hosts, road, before);
+      output.payloads = {{.hw_block = road.block, .payload = hosts, .len = 1}};
+      ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+      ASSERT_EQ(output.payloads.size(), 1U);
+      EXPECT_EQ(output.payloads[0].payload, hosts);
+      EXPECT_EQ(output.payloads[0].len, 12345U);
+      EXPECT_EQ(Image(road, hosts), Converted(road, from, before)) << "in place";
+    }
+  }
+}
+
+TEST_F(Roads, RefuseEntriesWithoutVersionOrRecord) {
+  Start();
+  const struct {
+    uint32_t host_version;
+    bool has_record;
+  } cases[] = {{0, true}, {55, true}, {0, false}, {56, false}};
+  for (const Road& road : ::Roads()) {
+    for (const auto& c : cases) {
+      const std::string version = std::to_string(c.host_version);
+      SCOPED_TRACE(road.block + " version " + version);
+      Parser().dither = {{.hw_block = road.block, .len = 12345}};
+      if (c.has_record) Parser().dither[0].payload = road.make_parsers();
+      HwConfigOutputParams output;
+      output.payloads = {{.version = c.host_version, .hw_block = road.block, .len = 7}};
+
+      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+      EXPECT_EQ(Platform().TakeLog(),
+                (Lines{c.host_version == 56
+                           ? "E " + road.converter + ": Invalid parameters"
+                           : "E VersionCheck: invalid version " + version + " expected 56",
+                       "E ConvertHwConfigOutputParams: Failed to convert for " + road.block +
+                           " from tarn to velari namespace",
+                       "E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output"}));
+      ASSERT_EQ(output.payloads.size(), 1U);
+      EXPECT_EQ(output.payloads[0].version, c.host_version);
+      EXPECT_EQ(output.payloads[0].payload, nullptr);
+      EXPECT_EQ(output.payloads[0].len, 7U);
+    }
+    HwConfigOutputParams output;
+    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+    EXPECT_TRUE(output.payloads.empty());
+    Platform().TakeLog();
+  }
+}
+
+TEST_F(Roads, ExistForExactNamesOnly) {
+  Start();
+  for (const char* name :
+       {"", "PostBlendpcc", "postBlendDE", "PostBlendG", "PostBlendGC ", "PostBlendIgc",
+        "PostBlendDithe", "PostBlendCWBDither", "PostBlendMixerGc", "HwCapIgcDither"}) {
+    SCOPED_TRACE(name);
+    Parser().dither = {Block(name, std::make_shared<tarn::GammaPostBlendConfig>(1024))};
+    HwConfigOutputParams output;
+    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+    EXPECT_TRUE(output.payloads.empty());
+    EXPECT_EQ(Platform().TakeLog(),
+              Lines{"E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output"});
+  }
+}
+
+}  // namespace

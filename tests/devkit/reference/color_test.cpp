@@ -1,0 +1,136 @@
+// Colour maths against the figures that the standards print.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "devkit/reference/color/primaries.h"
+#include "devkit/reference/color/transfer_function.h"
+
+namespace tarn::color {
+namespace {
+
+void ExpectNear(const Mat3& found, const Mat3& expected, double tolerance) {
+  for (size_t i = 0; i < 3; ++i) {
+    for (size_t j = 0; j < 3; ++j) {
+      EXPECT_NEAR(found[i][j], expected[i][j], tolerance) << "row " << i << " column " << j;
+    }
+  }
+}
+
+TEST(Primaries, MatricesToXyzAreThePublishedOnes) {
+  // IEC 61966-2-1, 5.2.
+  ExpectNear(RgbToXyz(kSrgb),
+             {{{0.4124, 0.3576, 0.1805}, {0.2126, 0.7152, 0.0722}, {0.0193, 0.1192, 0.9505}}},
+             1e-4);
+  // SMPTE EG 432-1, annex: P3 with D65 white.
+  ExpectNear(RgbToXyz(kDisplayP3),
+             {{{0.4866, 0.2657, 0.1982}, {0.2290, 0.6917, 0.0793}, {0.0000, 0.0451, 1.0439}}},
+             1e-4);
+  // SMPTE RP 431-2, annex: P3 with its own white.
+  ExpectNear(RgbToXyz(kDciP3),
+             {{{0.4452, 0.2771, 0.1723}, {0.2095, 0.7216, 0.0689}, {0.0000, 0.0471, 0.9074}}},
+             1e-4);
+}
+
+TEST(Primaries, LuminanceWeightsAreThePublishedOnes) {
+  const Vec3 weights = LuminanceWeights(kBt2020);  // ITU-R BT.2020, table 4
+  EXPECT_NEAR(weights[0], 0.2627, 1e-4);
+  EXPECT_NEAR(weights[1], 0.6780, 1e-4);
+  EXPECT_NEAR(weights[2], 0.0593, 1e-4);
+}
+
+TEST(Primaries, BradfordFromD65ToD50IsThePublishedOne) {
+  // ICC.1's D50 and D65 have more digits than the chromaticities of the video standards.
+  ExpectNear(BradfordAdaptation(kD65, kD50),
+             {{{1.0478, 0.0229, -0.0501}, {0.0295, 0.9905, -0.0170}, {-0.0092, 0.0150, 0.7521}}},
+             1e-3);
+}
+
+TEST(Primaries, ConversionBetweenBt2020AndBt709IsThePublishedOne) {
+  // ITU-R BT.2087, M2.
+  const Mat3 to_2020 = {
+      {{0.6274, 0.3293, 0.0433}, {0.0691, 0.9195, 0.0114}, {0.0164, 0.0880, 0.8956}}};
+  ExpectNear(ConversionMatrix(kSrgb, kBt2020, true), to_2020, 1e-4);
+  ExpectNear(ConversionMatrix(kSrgb, kBt2020, false), to_2020, 1e-4);
+}
+
+TEST(Primaries, WhiteOfAConversion) {
+  const Vec3 adapted = Multiply(ConversionMatrix(kDciP3, kSrgb, true), Vec3{1, 1, 1});
+  const Vec3 absolute = Multiply(ConversionMatrix(kDciP3, kSrgb, false), Vec3{1, 1, 1});
+  for (const double component : adapted) EXPECT_NEAR(component, 1, 1e-12);
+  // The greener white stays greener, and none of its components exceeds 1.
+  EXPECT_NEAR(absolute[1], 1, 1e-12);
+  EXPECT_LT(absolute[0], 0.97);
+  EXPECT_LT(absolute[2], 0.92);
+  const Vec3 xyz = Multiply(RgbToXyz(kSrgb), absolute);
+  const double sum = xyz[0] + xyz[1] + xyz[2];
+  EXPECT_NEAR(xyz[0] / sum, kDciWhite.x, 1e-12);
+  EXPECT_NEAR(xyz[1] / sum, kDciWhite.y, 1e-12);
+}
+
+TEST(StandardCurves, PrintedPoints) {
+  struct Point {
+    const char* what;
+    double found;
+    double expected;
+    double tolerance;
+  };
+  const Luminance reference = {1000, 0};
+  for (const Point& point : {
+           Point{"PQ black, ST 2084", PqToLuminance(0), 0, 0},
+           {"PQ peak, ST 2084", PqToLuminance(1), 10000, 1e-9},
+           {"PQ 100 cd/m2, ST 2084", PqToLuminance(0.508078), 100, 0.001},
+           {"PQ 58 %, BT.2408 table 1", PqToLuminance(0.58), 203, 3},
+           {"PQ 38 %, BT.2408 table 1", PqToLuminance(0.38), 26, 1},
+           {"HLG where the segments meet, BT.2100", HlgToScene(0.5), 1.0 / 12, 1e-12},
+           {"HLG just above, BT.2100", HlgToScene(0.5 + 1e-9), 1.0 / 12, 1e-8},
+           {"HLG peak, BT.2100", HlgToScene(1), 1, 1e-7},
+           {"HLG 75 %, BT.2408 table 1", HlgToLuminance(0.75, reference), 203, 1},
+           {"HLG 38 %, BT.2408 table 1", HlgToLuminance(0.38, reference), 26, 1},
+           {"HLG gamma at 1000 cd/m2, BT.2100", HlgSystemGamma(1000), 1.2, 1e-12},
+           {"HLG gamma at 2000 cd/m2, BT.2100", HlgSystemGamma(2000), 1.33, 5e-3},
+           {"HLG gamma at 4000 cd/m2, BT.2390", HlgSystemGamma(4000), 1.48, 5e-3},
+           {"HLG black on a display with black", HlgToLuminance(0, {1000, 0.5}), 0.5, 1e-9},
+           {"BT.1886 black", Bt1886ToLuminance(0, {100, 0.1}), 0.1, 1e-12},
+           {"BT.1886 peak", Bt1886ToLuminance(1, {100, 0.1}), 100, 1e-9},
+           {"BT.1886 without black is gamma 2.4", Bt1886ToLuminance(0.5, {1, 0}), 0.189465, 1e-6},
+           {"sRGB mid grey, IEC 61966-2-1", SrgbToLight(118 / 255.0), 0.181164, 1e-6},
+           {"sRGB linear part", SrgbToLight(0.04), 0.04 / 12.92, 1e-12},
+       }) {
+    EXPECT_NEAR(point.found, point.expected, point.tolerance) << point.what;
+  }
+}
+
+TEST(TransferFunction, RelativeCurvesInvert) {
+  const Luminance panel = {500, 0.1};
+  const TransferFunction functions[] = {
+      {.curve = Curve::kLinear, .gamma = 1, .ramp = {}},
+      {.curve = Curve::kGamma, .gamma = 2.2, .ramp = {}},
+      {.curve = Curve::kSrgb, .gamma = 1, .ramp = {}},
+      {.curve = Curve::kRamp, .gamma = 1, .ramp = {{0, 0}, {0.2, 0.01}, {0.7, 0.6}, {1, 1}}},
+  };
+  for (const TransferFunction& function : functions) {
+    double previous = -1;
+    for (int i = 0; i <= 1000; ++i) {
+      const double light = ToLight(function, panel, i / 1000.0);
+      EXPECT_GT(light, previous);
+      EXPECT_NEAR(ToSignal(function, light), i / 1000.0, 1e-7);
+      previous = light;
+    }
+    EXPECT_DOUBLE_EQ(previous, 1);
+  }
+}
+
+TEST(TransferFunction, HdrCurvesAreRelativeToThePanelsRange) {
+  const Luminance panel = {600, 0.5};
+  const TransferFunction pq = {.curve = Curve::kSt2084, .gamma = 1, .ramp = {}};
+  const TransferFunction hlg = {.curve = Curve::kHlg, .gamma = 1, .ramp = {}};
+  EXPECT_EQ(ToLight(pq, panel, 0), 0);
+  EXPECT_NEAR(ToLight(pq, panel, 0.508078), (100 - 0.5) / (600 - 0.5), 1e-5);
+  EXPECT_EQ(ToLight(pq, panel, 0.9), 1) << "above the panel's peak";
+  EXPECT_NEAR(ToLight(hlg, panel, 0), 0, 1e-12);
+  EXPECT_NEAR(ToLight(hlg, panel, 1), 1, 1e-6);
+}
+
+}  // namespace
+}  // namespace tarn::color

@@ -1,0 +1,222 @@
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <tuple>
+
+#include "tests/support/bytes.h"
+#include "tests/support/pcc.h"
+
+using velaricolor::HwConfigOutputParams;
+
+namespace {
+
+constexpr double kNan = std::numeric_limits<double>::quiet_NaN();
+
+// Full mantissas everywhere but for the offsets; `seed` in the reserved bytes.
+pcc_coeff_data Random(uint8_t seed, const std::array<double, 3>& offsets = {}) {
+  std::mt19937_64 engine(seed);
+  std::uniform_real_distribution<double> number(-2, 2);
+  pcc_coeff_data pcc;
+  pcc.reserved.fill(seed);
+  for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+    for (double& term : *row) term = number(engine);
+  }
+  pcc.r[0] = offsets[0];
+  pcc.g[0] = offsets[1];
+  pcc.b[0] = offsets[2];
+  return pcc;
+}
+
+// One term of a product, summed as documented (0) or in another way (1 to 5).
+double Sum(int way, const PccRow& t, double r, double g, double b) {
+  const double sums[] = {
+      (t[1] * r + t[2] * g) + t[3] * b,       t[1] * r + (t[2] * g + t[3] * b),
+      (t[1] * r + t[3] * b) + t[2] * g,       std::fma(t[3], b, t[1] * r + t[2] * g),
+      std::fma(t[2], g, t[1] * r) + t[3] * b, std::fma(t[1], r, t[2] * g) + t[3] * b};
+  return sums[way];
+}
+
+pcc_coeff_data Product(int way, const pcc_coeff_data& trans, const pcc_coeff_data& active) {
+  pcc_coeff_data product = trans;
+  for (PccRow* row : {&product.r, &product.g, &product.b}) {
+    const PccRow t = *row;
+    for (size_t j = 0; j < kPccTerms; ++j) {
+      (*row)[j] = Sum(way, t, active.r[j], active.g[j], active.b[j]);
+    }
+  }
+  return product;
+}
+
+class Composition : public PccTest {};
+
+TEST_F(Composition, ByLibraryByProductOrNotAtAll) {
+  enum Library { kReady, kFailing, kAbsent, kRefusing, kLost };
+  enum Result { kMerged, kProduct, kPlain };
+  const std::string merging = "I ApplyColorTransform: pcc multiply by libtarn-algo";
+  const std::string failing = "E ColorIntfPCCMultiply: Failed to process kZelPccMerge";
+  const std::string multiplying =
+      "I ApplyColorTransform: libtarn-algo not initialized, using 3x3 pcc multiplication";
+  const struct {
+    const char* name;
+    Library library;
+    bool enabled;                   // the parser's block
+    std::array<double, 3> offsets;  // the transform's
+    Result result;
+    Lines log;
+  } cases[] = {
+      {"merged", kReady, true, {}, kMerged, {merging}},
+      {"merged with offset", kReady, true, {0, 5}, kMerged, {merging}},
+      {"merging nothing", kReady, false, {}, kPlain, {}},
+      {"merge fails", kFailing, true, {}, kPlain, {merging, failing}},
+      {"multiplied", kAbsent, true, {}, kProduct, {multiplying}},
+      {"library refuses", kRefusing, true, {-0.0, -0.0, -0.0}, kProduct, {multiplying}},
+      {"library lost", kLost, true, {}, kProduct, {multiplying}},
+      {"multiplying nothing", kAbsent, false, {}, kPlain, {}},
+      {"red offset", kAbsent, true, {1e-300}, kPlain, {}},
+      {"green offset", kAbsent, true, {0, 5}, kPlain, {}},
+      {"blue offset", kAbsent, true, {0, 0, kNan}, kPlain, {}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    Platform().log_level = "2";
+    Platform().algo_opens = c.library != kAbsent;
+    Algo() = {.init_result = c.library == kRefusing ? 7 : 0,
+              .merge_result = c.library == kFailing ? 1 : 0,
+              .merged = Random(3)};
+    Start();
+    if (c.library == kLost) {
+      Plugin().DeInit();
+      Platform().algo_opens = false;
+      ASSERT_EQ(Init(), 0);
+    }
+    const pcc_coeff_data trans = Random(1, c.offsets);
+    const pcc_coeff_data active = Random(2, {0.1, 0.2, 0.3});
+    ParserAnswers(active, c.enabled);
+    SetLtm(trans);
+    Platform().TakeLog();
+
+    HwConfigOutputParams output;
+    ASSERT_EQ(Render(&output), 0);
+    const Lines log = Platform().TakeLog();
+    ASSERT_GE(log.size(), 3U);
+    EXPECT_EQ(log[2], "I ProcessModeRenderIntent: Apply ltm pcc, enable 1");
+    EXPECT_EQ(Lines(log.begin() + 3, log.end()), c.log);
+    EXPECT_TRUE(PccOf(output)->enable);
+    EXPECT_EQ(BytesOf(PccOf(output)->coeffs),
+              BytesOf(c.result == kMerged    ? Random(3)
+                      : c.result == kProduct ? Product(0, trans, active)
+                                             : trans));
+    // Another order, or fused steps, would show in these operands.
+    for (const int way : {1, 2, 3, 4, 5}) {
+      EXPECT_NE(BytesOf(Product(way, trans, active)), BytesOf(Product(0, trans, active)));
+    }
+    const bool asked = c.enabled && c.library <= kFailing;
+    EXPECT_EQ(Algo().merges, asked ? 1 : 0);
+    if (!asked) continue;
+    EXPECT_EQ(BytesOf(Algo().operands),
+              BytesOf(tarn::PccMergeInput{.version = 552, .trans = trans, .active = active}));
+    EXPECT_EQ(BytesOf(Algo().blank), BytesOf(tarn::PccMergeOutput{.version = 280}));
+    EXPECT_EQ(EnvelopeOf(Algo().in), (Envelope{24, 552, 0}));
+    EXPECT_EQ(EnvelopeOf(Algo().out), (Envelope{24, 280, 0}));
+  }
+}
+
+TEST_F(Composition, FollowsTheOrderTransformLtmDimming) {
+  // Transform: red = G, green = 2 R. LTM: red = 3 R + G, and an offset of blue.
+  velaricolor::ColorTransformMatrix transform;
+  transform.matrix = {0, 2, 0, 0, 1, 0, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1};
+  const struct {
+    const char* name;
+    bool enabled;  // the parser's block: the identity, and red's offset of 10
+    double ltm_offset;
+    pcc_coeff_data expected;
+  } cases[] = {
+      {"all", true, 0, {{}, {10, 1, 1.5}, {10, 1}, {0, 0, 0, 0.5}}},
+      {"transform replaces", false, 0, {{}, {0, 1, 1.5}, {0, 1}, {0, 0, 0, 0.5}}},
+      {"ltm replaces", true, 4, {{}, {0, 1.5, 0.5}, {0, 0, 0.5}, {2, 0, 0, 0.5}}},
+  };
+  for (const auto& c : cases) {
+    for (const bool library : {false, true}) {
+      SCOPED_TRACE(c.name + std::string(library ? " by library" : " by product"));
+      Platform().algo_opens = library;
+      Algo().merged = Random(3);
+      Algo().merges = 0;
+      Start();
+      const pcc_coeff_data active = {{}, {10, 1}, {0, 0, 1}, {0, 0, 0, 1}};
+      const pcc_coeff_data ltm = {{}, {0, 3, 1}, {0, 0, 1}, {c.ltm_offset, 0, 0, 1}};
+      ParserAnswers(active, c.enabled);
+      ASSERT_EQ(Set(velaricolor::kVcColorTransform, transform), 0);
+      SetLtm(ltm);
+      ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+      HwConfigOutputParams output;
+      ASSERT_EQ(Render(&output), 0);
+      if (!library) {
+        EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(c.expected));
+        continue;
+      }
+      // The last merge: LTM after what the transform left, undimmed.
+      const pcc_coeff_data plain = {{}, {0, 0, 1}, {0, 2}, {0, 0, 0, 1}};
+      EXPECT_EQ(Algo().merges, c.enabled ? 2 : 1);
+      EXPECT_EQ(BytesOf(Algo().operands.trans), BytesOf(ltm));
+      EXPECT_EQ(BytesOf(Algo().operands.active), BytesOf(c.enabled ? Random(3) : plain));
+      EXPECT_EQ(PccOf(output)->coeffs.b[3], 0.5 * Random(3).b[3]);
+    }
+  }
+}
+
+TEST_F(Composition, FindsAppendsAndCompletesTheBlock) {
+  Start();
+  const auto other = HostBlock(Random(8), true);
+  const struct {
+    const char* name;
+    std::vector<velaricolor::HwConfigPayload> before;
+    size_t entries;
+    size_t used;
+  } cases[] = {
+      {"none", {}, 1, 0},
+      {"another name", {{.hw_block = "PostBlendPcc", .payload = other, .len = 280}}, 2, 1},
+      {"without record", {{.hw_block = "PostBlendPCC", .len = 3}}, 1, 0},
+      {"two", {HostEntry(HostBlock(Random(7), false)), HostEntry(other)}, 2, 0},
+  };
+  SetLtm(Random(1));
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    HwConfigOutputParams output = {.payloads = c.before};
+    ASSERT_EQ(Render(&output), 0);
+    ASSERT_EQ(output.payloads.size(), c.entries);
+    const auto& entry = output.payloads[c.used];
+    EXPECT_EQ(std::tie(entry.version, entry.hw_block, entry.len),
+              std::make_tuple(56U, "PostBlendPCC", 280U));
+    const auto& block = *static_cast<const velaricolor::PccPostBlendConfig*>(entry.payload.get());
+    EXPECT_EQ(BytesOf(block), BytesOf(velaricolor::PccPostBlendConfig{
+                                  .version = 280, .enable = true, .coeffs = Random(1)}));
+    EXPECT_EQ(BytesOf(other->coeffs), BytesOf(Random(8)));
+  }
+}
+
+TEST_F(Composition, NoticesOnceThatLtmWasSwitchedOff) {
+  Platform().log_level = "2";
+  Start();
+  for (const bool has_block : {true, false}) {
+    SetLtm(Random(1));
+    HwConfigOutputParams on;
+    ASSERT_EQ(Render(&on), 0);
+    SetLtm(Random(1), false);
+    HwConfigOutputParams off;
+    if (has_block) off.payloads = {HostEntry(HostBlock(Random(2), true))};
+    Platform().TakeLog();
+    ASSERT_EQ(Render(&off), 0);
+    EXPECT_EQ(Platform().TakeLog().at(2), "I ProcessModeRenderIntent: Apply ltm pcc, enable 0");
+    EXPECT_EQ(BytesOf(PccOf(off)->coeffs), BytesOf(has_block ? Random(2) : pcc_coeff_data()));
+    EXPECT_TRUE(PccOf(off)->enable);  // by dimming
+    HwConfigOutputParams third;
+    ASSERT_EQ(Render(&third), 0);
+    EXPECT_TRUE(third.payloads.empty());
+    EXPECT_EQ(Platform().TakeLog().at(2),
+              "I ApplyPccAttenuationFactor: no pcc matrix in output_params");
+  }
+  EXPECT_EQ(Algo().merges, 0);
+}
+
+}  // namespace

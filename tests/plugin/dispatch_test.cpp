@@ -1,0 +1,112 @@
+#include <climits>
+#include <functional>
+#include <map>
+#include <utility>
+
+#include "tests/support/plugin_host.h"
+
+using velaricolor::VcOps;
+using velaricolor::VcPayload;
+
+namespace {
+
+class Dispatch : public PluginTest {
+ protected:
+  void SetUp() override { Platform().log_level = "2"; }
+};
+
+TEST_F(Dispatch, RefusesEveryCallUnlessInitialised) {
+  Load();
+  const auto refuses_all = [&] {
+    Platform().TakeLog();
+    VcPayload out;
+    EXPECT_EQ(Plugin().SetProperty({.prop = 6}), -22);
+    EXPECT_EQ(Plugin().GetProperty(&out), -22);
+    EXPECT_EQ(Plugin().ProcessOps(velaricolor::kVcModeRenderIntent, {}, &out), -22);
+    const auto log = Platform().TakeLog();
+    ASSERT_EQ(log.size(), 4U);
+    EXPECT_EQ(log[0],
+              "E SetProperty: Invalid params : init_done_ 0, actual version 24 exp version 24");
+    EXPECT_EQ(log[1],
+              "E GetProperty: Invalid params : init_done_ 0, actual version 24 exp version 24");
+    EXPECT_EQ(log[2], "I ProcessOps: Process Ops called, op = 0");
+    EXPECT_EQ(log[3].find("E ProcessOps: Invalid params init_done_ 0 output 0x"), 0U);
+  };
+  refuses_all();
+  ASSERT_EQ(Init(), 0);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  refuses_all();
+}
+
+// A handler refuses the empty envelope (calibration takes it) under its own name.
+TEST_F(Dispatch, FindsExactlyTheHandlersOfItsTables) {
+  Start();
+  const std::map<int, std::string> setters = {{5, "SetColorTransform"},
+                                              {6, "SetPostBlendGamutConfig"},
+                                              {7, "SetPostBlendGammaConfig"},
+                                              {8, "SetPostBlendInvGammaConfig"},
+                                              {12, "NotifyDisplayCalibrationMode"},
+                                              {13, "SetLtmPccConfig"},
+                                              {2055, "SetDimmingPcc"}};
+  const std::map<int, std::string> getters = {
+      {1, "GetModesList"},        {2, "GetNeedsUpdate"},        {9, "GetSupportTonemap"},
+      {14, "GetPbDitheHwConfig"}, {2048, "GetSupportHwAssets"}, {2054, "GetDimmingSupport"}};
+  for (int id = -2; id <= 2100; ++id) {
+    SCOPED_TRACE(id);
+    const bool optional = id >= 513 && id <= 1023;
+    const auto check = [&](const auto& handlers, const std::string& entry, int result) {
+      const std::string line = Platform().TakeLog().back();
+      if (const auto handler = handlers.find(id); handler != handlers.end()) {
+        EXPECT_EQ(line.substr(2, line.find(':') - 2), handler->second);
+        EXPECT_EQ(result, line[0] == 'E' ? -22 : 0);
+        return;
+      }
+      EXPECT_EQ(line, (optional ? "I " + entry + ": Unsupported" : "E " + entry + ": Invalid") +
+                          " prop " + std::to_string(id) + ", function (nil)K");
+      EXPECT_EQ(result, optional ? -95 : -22);
+    };
+    VcPayload payload = {.prop = static_cast<uint32_t>(id)};
+    check(setters, "SetProperty", Plugin().SetProperty(payload));
+    check(getters, "GetProperty", Plugin().GetProperty(&payload));
+  }
+  for (int id : {-1, 2, 5, INT_MAX}) {
+    VcPayload out;
+    EXPECT_EQ(Plugin().ProcessOps(static_cast<VcOps>(id), {}, &out), -95);
+    EXPECT_EQ(Platform().TakeLog().back(), "E ProcessOps: Invalid ops " + std::to_string(id));
+  }
+}
+
+TEST_F(Dispatch, RefusesBadEnvelopesAndStaysUsable) {
+  Start();
+  velaricolor::ColorModeList list;
+  const auto set = [&](uint32_t version, uint32_t prop) {
+    return Plugin().SetProperty({.version = version, .prop = prop});
+  };
+  const auto get = [&](uint32_t version, uint32_t prop) {
+    VcPayload payload = {.version = version, .len = 32, .prop = prop, .payload = &list};
+    return Plugin().GetProperty(&payload);
+  };
+  const auto run = [&](int op) { return Plugin().ProcessOps(static_cast<VcOps>(op), {}, nullptr); };
+  const std::string params = ": Invalid params : init_done_ 1, actual version ";
+  const std::pair<std::function<int()>, std::string> cases[] = {
+      {[&] { return set(23, 12); }, "E SetProperty" + params + "23 exp version 24"},
+      {[&] { return set(25, 700); }, "E SetProperty" + params + "25 exp version 24"},
+      {[&] { return get(23, 700); }, "E GetProperty" + params + "23 exp version 24"},
+      {[&] { return get(25, 1); }, "E GetProperty" + params + "25 exp version 24"},
+      {[&] { return Plugin().GetProperty(nullptr); },
+       "E GetProperty" + params + "0 exp version 24"},
+      {[&] { return run(1); }, "E ProcessOps: Invalid params init_done_ 1 output (nil)K"},
+      {[&] { return run(2); }, "E ProcessOps: Invalid params init_done_ 1 output (nil)K"},
+  };
+  for (const auto& [call, line] : cases) {
+    SCOPED_TRACE(line);
+    EXPECT_EQ(call(), -22);
+    EXPECT_EQ(Platform().TakeLog().back(), line);
+    EXPECT_TRUE(list.modes.empty());
+    EXPECT_EQ(get(24, 1), 0);
+    EXPECT_EQ(std::exchange(list.modes, {}).size(), 1U);
+  }
+}
+
+}  // namespace

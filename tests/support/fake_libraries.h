@@ -1,0 +1,68 @@
+// The two run-time libraries, as a test scripts and observes them.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bridge/tarn_intf.h"
+#include "convert/hw_config_payload.h"
+#include "handlers/post_blend_hw_config.h"
+#include "modes/mode_op_params.h"
+#include "pcc/pcc_merge.h"
+
+struct FakeParser {
+  // Scripts.
+  bool makes_object = true;
+  int init_result = 0;
+  int list_result = 0;
+  int set_result = 0;
+  int dither_result = 0;
+  int process_result = 0;
+  std::vector<tarn::ColorMode> modes = {
+      {.gamut = 1, .gamma = 2, .intent = 3, .hw_assets = {"a"}, .label = "one"}};
+  std::vector<tarn::HwConfigPayload> blocks;  // answered by both operations
+  std::vector<tarn::HwConfigPayload> dither;
+  std::function<void()> during_call;  // runs inside every operation
+
+  // Observations of the last call that carried each.
+  tarn::TarnPayload in;
+  tarn::TarnPayload out;
+  tarn::ZelOps op = tarn::kZelPccMerge;
+  tarn::ModeRenderInputParams request = tarn::ModeRenderInputParams();
+  tarn::PostBlendHwConfig dimensions;
+  std::string thread_name;  // during Init
+  int scheduling = -1;      // during Init
+};
+
+struct FakeAlgo {
+  bool makes_object = true;
+  int init_result = 0;
+  int merge_result = 0;
+  pcc_coeff_data merged = {};  // the answer
+
+  tarn::TarnPayload in;
+  tarn::TarnPayload out;
+  tarn::PccMergeInput operands;
+  tarn::PccMergeOutput blank;  // the output record before the answer
+  int merges = 0;
+};
+
+// Those of the running test.
+FakeParser& Parser();
+FakeAlgo& Algo();
+
+// A block as the parser hands it out.
+template <typename T>
+tarn::HwConfigPayload Block(const std::string& name, std::shared_ptr<T> record) {
+  return {.hw_block = name, .payload = std::move(record), .len = sizeof(T)};
+}
+
+// Called by the fakes' factories.
+extern "C" {
+__attribute__((visibility("default"))) tarn::ModeParserIntf* MakeFakeParser(int major_version,
+                                                                            int minor_version);
+__attribute__((visibility("default"))) tarn::TarnAlgoIntf* MakeFakeAlgo(int major_version,
+                                                                        int minor_version);
+}
