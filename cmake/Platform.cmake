@@ -6,6 +6,7 @@ else()
   set(zel_devkit_default ON)
 endif()
 option(ZELTARN_DEVKIT "Build what makes the plug-in usable without a device" ${zel_devkit_default})
+option(ZELTARN_BENCH "Build the benchmark" ${zel_devkit_default})
 
 if(NOT ANDROID)
   add_subdirectory(devkit/platform)
