@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "convert/hw_config_payload.h"
+#include "convert/make_record.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
 
@@ -15,7 +16,7 @@ namespace velaricolor {
 // under `function`. Up to and including the precondition a refusal leaves `out`
 // as it was.
 //   precondition(from)  0, or the result of the refused call
-//   make()              a new, blank record in shared ownership
+//   make()              a new record in shared ownership, blank but for what copy fills
 //   copy(from, to)      the block's fields; `enable` has been copied
 template <template <typename> class Config, typename Precondition, typename Make, typename Copy>
 int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
@@ -46,13 +47,12 @@ int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
   return kOk;
 }
 
-// The same without a precondition, with a blank record of the block's type.
+// The same without a precondition, with a new record of the block's type.
 template <template <typename> class Config, typename Copy>
 int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
                  velaricolor::HwConfigPayload* out, Copy copy) {
   return ConvertBlock<Config>(
-      function, in, out, [](const auto&) { return kOk; },
-      [] { return std::make_shared<Config<HostSide>>(); }, copy);
+      function, in, out, [](const auto&) { return kOk; }, MakeRecordToFill<Config<HostSide>>, copy);
 }
 
 }  // namespace velaricolor

@@ -13,9 +13,10 @@ namespace zeltarn::layout {
 // the mode parser; the plug-in passes them through.
 template <typename Side>
 struct ColorMode {
-  uint32_t gamut = 255;                // colour-gamut id
-  uint32_t gamma = 255;                // transfer-function id
-  uint32_t intent = 65535;             // render-intent id
+  uint32_t gamut = 255;     // colour-gamut id
+  uint32_t gamma = 255;     // transfer-function id
+  uint32_t intent = 65535;  // render-intent id
+  uint32_t padding = 0;
   std::vector<std::string> hw_assets;  // asset names that belong to the mode
   std::string label = "standard";      // text tag
 };

@@ -28,8 +28,7 @@ int ZelTarnImpl::CheckModeRecords(const ModeOp& op, const VcPayload& in, const V
 // Returns the parser's result. What it answered is converted in any case.
 int ZelTarnImpl::RunModeOp(const ModeOp& op, const ModeRenderInputParams& request,
                            HwConfigOutputParams* out) {
-  // Value-initialised, which blanks the record's padding too.
-  auto asked = tarn::ModeRenderInputParams();
+  tarn::ModeRenderInputParams asked;  // blank but for aux_data, which is copied whole
   tarn::HwConfigOutputParams answer;
   ConvertModeRenderInputParams(request, &asked);
   const tarn::TarnPayload input = tarn::Wrap(&asked);

@@ -21,13 +21,16 @@ struct ModeRenderInputParams {
   static constexpr uint32_t kVersion = 2912;
 
   uint32_t version = kVersion;
+  uint32_t padding0 = 0;
   std::vector<std::string> hw_assets;
   // Blank until filled. The host's label never reaches the parser: there it
   // stays empty.
   ColorMode<Side> mode = {.gamut = 0, .gamma = 0, .intent = 0, .hw_assets = {}, .label = {}};
   uint8_t aux_enable = 0;
+  std::array<uint8_t, 3> padding1 = {};
   alignas(4) std::array<uint8_t, kAuxDataBytes> aux_data;
   uint32_t aux_word = 0;
+  uint32_t padding2 = 0;
 };
 
 // The configurations of a mode, one entry per hardware block. A host may pass

@@ -8,6 +8,18 @@
 
 namespace velaricolor {
 
+namespace {
+
+// Makes room for all of an answer's blocks at once, when the first is new.
+void Append(HwConfigPayload&& fresh, size_t answered, HwConfigOutputParams* out) {
+  if (out->payloads.size() == out->payloads.capacity()) {
+    out->payloads.reserve(out->payloads.size() + answered);
+  }
+  out->payloads.push_back(std::move(fresh));
+}
+
+}  // namespace
+
 int ZelTarnImpl::ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
                                               tarn::ModeRenderInputParams* out) {
   if (out == nullptr) {
@@ -34,19 +46,18 @@ int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& i
   }
   if (const int ret = VersionCheck(out); ret != kOk) return ret;
 
-  for (const tarn::HwConfigPayload& payload : in.payloads) {
-    const auto converter = hw_config_converters_.find(payload.hw_block);
-    if (converter == hw_config_converters_.end() || converter->second == nullptr) {
-      return kErrInvalid;
-    }
+  for (size_t place = 0; place < in.payloads.size(); ++place) {
+    const tarn::HwConfigPayload& payload = in.payloads[place];
+    const HwConfigConverter converter = FindConverter(payload.hw_block, place);
+    if (converter == nullptr) return kErrInvalid;
     HwConfigPayload fresh;
     HwConfigPayload* const known = FindBlock(out, payload.hw_block);
     HwConfigPayload* const target = known == nullptr ? &fresh : known;
-    if (const int ret = (this->*converter->second)(payload, target); ret != kOk) {
+    if (const int ret = (this->*converter)(payload, target); ret != kOk) {
       ZEL_LOGE("Failed to convert for %s from tarn to velari namespace", payload.hw_block.c_str());
       return ret;
     }
-    if (target == &fresh) out->payloads.push_back(std::move(fresh));
+    if (target == &fresh) Append(std::move(fresh), in.payloads.size(), out);
   }
   return kOk;
 }

@@ -2,14 +2,23 @@
 
 namespace velaricolor {
 
-void Multiply3x3(const pcc_coeff_data& trans, const pcc_coeff_data& active, pcc_coeff_data* out) {
-  for (PccRow pcc_coeff_data::*const row :
-       {&pcc_coeff_data::r, &pcc_coeff_data::g, &pcc_coeff_data::b}) {
-    const PccRow& t = trans.*row;
-    for (size_t term = 0; term < kPccTerms; ++term) {
-      (out->*row)[term] = (t[1] * active.r[term] + t[2] * active.g[term]) + t[3] * active.b[term];
-    }
+namespace {
+
+// By value, so that the compiler need not fear that the result overlaps.
+PccRow ProductRow(const PccRow& trans, const pcc_coeff_data& active) {
+  PccRow row;
+  for (size_t term = 0; term < kPccTerms; ++term) {
+    row[term] = (trans[1] * active.r[term] + trans[2] * active.g[term]) + trans[3] * active.b[term];
   }
+  return row;
+}
+
+}  // namespace
+
+void Multiply3x3(const pcc_coeff_data& trans, const pcc_coeff_data& active, pcc_coeff_data* out) {
+  out->r = ProductRow(trans.r, active);
+  out->g = ProductRow(trans.g, active);
+  out->b = ProductRow(trans.b, active);
 }
 
 void Scale(double factor, pcc_coeff_data* pcc) {

@@ -38,7 +38,9 @@ ZelTarnImpl::ZelTarnImpl()
       gamut_hw_config_{.version = GamutPostBlendConfig::kVersion,
                        .num_of_entries = 17,
                        .bit_depth = 12,
-                       .attributes = {}} {}
+                       .attributes = {}} {
+  recent_converters_.fill(hw_config_converters_.begin());
+}
 
 // An object's code lives in its library, which the handles close only later.
 ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }

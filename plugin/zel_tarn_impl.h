@@ -1,6 +1,7 @@
 // The plug-in object.
 #pragma once
 
+#include <array>
 #include <condition_variable>
 #include <cstdint>
 #include <exception>
@@ -78,6 +79,7 @@ class ZelTarnImpl final : public VcPostBlendInterface {
 
   // convert/
   static HwConfigConverters MakeConverterTable();
+  HwConfigConverter FindConverter(const std::string& hw_block, size_t place);
   int ConvertPostBlendGamutPayload(const tarn::HwConfigPayload& in,
                                    velaricolor::HwConfigPayload* out);
   int ConvertPostBlendInvGammaPayload(const tarn::HwConfigPayload& in,
@@ -159,6 +161,9 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   int mode_parser_status_ = kErrInvalid;
   bool mode_parser_done_ = false;
   std::exception_ptr mode_parser_exception_;  // allocation failure on that thread
+
+  // The table's entries last used, by place in the parser's answer.
+  std::array<HwConfigConverters::const_iterator, 16> recent_converters_;
 };
 
 template <typename T>
