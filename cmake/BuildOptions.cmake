@@ -42,6 +42,9 @@ target_compile_options(zel_options INTERFACE
   # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere.
   -ffp-contract=off
   -fstack-protector-strong)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
+  target_compile_options(zel_options INTERFACE -mbranch-protection=standard)
+endif()
 target_link_options(zel_options INTERFACE -Wl,-z,relro,-z,now -Wl,-z,noexecstack)
 if(NOT ZELTARN_SANITIZER)
   target_compile_options(zel_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
