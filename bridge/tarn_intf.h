@@ -26,24 +26,32 @@ namespace tarn {
 class LibraryIntf {
  public:
   // [call] or, when start-up failed, in Init after the start-up thread ended.
+  // DeInit need not have been called before.
   virtual ~LibraryIntf() = default;
 
-  // [start-up] Once per object, first. `arg` is the host's text.
+  // [start-up] Once per object, first. `arg` is the host's text. A parser's code
+  // fails the host's Init and becomes its result; after an algorithm library's the
+  // plug-in goes on without merging. Either way the object is destroyed.
   virtual int Init(const std::string& arg) = 0;
 
   // [call] May be repeated; the object stays alive. The result is ignored.
   virtual int DeInit() = 0;
 
-  // [call] Parser: the three dimension records. Algorithm library: not called.
+  // [call] Parser: the three dimension records; the code becomes the host's result.
+  // The plug-in keeps the dimensions even so: whatever the answer, the gamma and
+  // inverse-gamma lists handed out later must hold as many entries. Algorithm
+  // library: not called.
   virtual int SetProperty(const TarnPayload& payload) = 0;
 
-  // [start-up] kZelModesList; [call] kZelPbDitherHwConfig. Fills an empty
-  // record. Algorithm library: not called.
+  // [start-up] kZelModesList; [call] kZelPbDitherHwConfig. Fills an empty record;
+  // after a code other than 0, which becomes the host's result, nothing of it is
+  // used. Algorithm library: not called.
   virtual int GetProperty(TarnPayload* payload) = 0;
 
-  // [call] Parser: the two mode operations, into an empty list; what it holds
-  // is converted even when the result is not 0. Algorithm library:
-  // kZelPccMerge; nothing of the output is used unless the result is 0.
+  // [call] Parser: the two mode operations, into an empty list; what it holds is
+  // converted even when the result is not 0. A code is logged, and for software
+  // assets becomes the host's result. Algorithm library: kZelPccMerge; nothing of
+  // the output is used unless the result is 0.
   virtual int ProcessOps(ZelOps op, const TarnPayload& in, TarnPayload* out) = 0;
 };
 
@@ -61,7 +69,7 @@ using TarnAlgoFactory = TarnAlgoIntf* (*)(int major_version, int minor_version);
 
 }  // namespace tarn
 
-// What the libraries export. [start-up] of a first or further Init: the parser's
+// What the libraries export, with default visibility. [start-up] of a first or further Init: the parser's
 // on the host's thread, the algorithm library's on the start-up thread.
 extern "C" {
 tarn::ModeParserIntf* GetTarnZelInterface(int major_version, int minor_version);

@@ -38,10 +38,12 @@ target_include_directories(zel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zel_options INTERFACE
   -Wall -Wextra -Werror -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wformat=2 -Wnull-dereference
-  -Wimplicit-fallthrough -Wextra-semi -Wundef -Wvla -Wthread-safety
+  -Wimplicit-fallthrough -Wextra-semi -Wundef -Wvla
   # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere.
   -ffp-contract=off
-  -fstack-protector-strong)
+  -fstack-protector-strong
+  # What a call costs must not hang on where the linker happens to put it.
+  -falign-functions=32)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
   target_compile_options(zel_options INTERFACE -mbranch-protection=standard)
 endif()

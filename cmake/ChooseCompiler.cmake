@@ -1,6 +1,6 @@
 # The boundary records depend on libc++, so clang++ is picked unless the caller
 # names a compiler. Included before project().
-if(NOT CMAKE_CXX_COMPILER AND NOT DEFINED ENV{CXX} AND NOT CMAKE_TOOLCHAIN_FILE)
+if(NOT CMAKE_CXX_COMPILER AND "$ENV{CXX}" STREQUAL "" AND NOT CMAKE_TOOLCHAIN_FILE)
   find_program(ZEL_CLANGXX NAMES clang++ clang++-14)
   if(NOT ZEL_CLANGXX)
     message(FATAL_ERROR "clang++ not found: run scripts/install-deps.sh, or pass -DCMAKE_CXX_COMPILER=")

@@ -7,6 +7,7 @@ else()
 endif()
 option(ZELTARN_DEVKIT "Build what makes the plug-in usable without a device" ${zel_devkit_default})
 option(ZELTARN_BENCH "Build the benchmark" ${zel_devkit_default})
+option(ZELTARN_FUZZ "Build the fuzzers; needs the devkit" OFF)
 
 if(NOT ANDROID)
   add_subdirectory(devkit/platform)

@@ -34,10 +34,12 @@ struct PaDitherPostBlendConfig {
 
 ZEL_DECLARE_SIDES(DitherPostBlendConfig)
 ZEL_PIN_SIZE(DitherPostBlendConfig, tarn::DitherPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(DitherPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(DitherPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(DitherPostBlendConfig, params, 8);
 
 ZEL_DECLARE_SIDES(PaDitherPostBlendConfig)
 ZEL_PIN_SIZE(PaDitherPostBlendConfig, tarn::PaDitherPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(PaDitherPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PaDitherPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PaDitherPostBlendConfig, words, 8);

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <string>
+#include <string_view>
 
 #include "modes/mode_op_params.h"
 
@@ -10,9 +11,10 @@ namespace velaricolor {
 
 // The first entry named `hw_block`, letter for letter, or null.
 inline HwConfigPayload* FindBlock(HwConfigOutputParams* params, const std::string& hw_block) {
+  const std::string_view name = hw_block;
   const auto entry =
       std::find_if(params->payloads.begin(), params->payloads.end(),
-                   [&](const HwConfigPayload& payload) { return payload.hw_block == hw_block; });
+                   [&](const HwConfigPayload& payload) { return payload.hw_block == name; });
   return entry == params->payloads.end() ? nullptr : &*entry;
 }
 

@@ -52,11 +52,13 @@ struct GammaPostBlendConfig {
 
 ZEL_DECLARE_SIDES(GamutPostBlendConfig)
 ZEL_PIN_SIZE(GamutPostBlendConfig, tarn::GamutPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(GamutPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(GamutPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(GamutPostBlendConfig, lut_data, 8);
 
 ZEL_DECLARE_SIDES(GammaPostBlendConfig)
 ZEL_PIN_SIZE(GammaPostBlendConfig, tarn::GammaPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(GammaPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(GammaPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(GammaPostBlendConfig, c0, 8);
 ZEL_PIN_FIELD(GammaPostBlendConfig, c1, 32);

@@ -10,7 +10,10 @@
 namespace zeltarn::layout {
 
 // Names a hardware block and owns the block's typed record, whose type depends
-// on the name (block_configs.h). Copying a payload shares the record.
+// on the name (convert/*_config.h, pcc/pcc_config.h). Copying a payload shares the record.
+//
+// A typed record's bulk data has no initialiser: make one with `= {}` or
+// std::make_shared, and it is all zero.
 //
 // Every typed record begins with a `version` that equals its own size, and all
 // but the HDR blob's have `enable` next.

@@ -59,6 +59,7 @@ ZEL_PIN_FIELD(PaSubParams, triple2, 72);
 
 ZEL_DECLARE_SIDES(PaPostBlendConfig)
 ZEL_PIN_SIZE(PaPostBlendConfig, tarn::PaPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(PaPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PaPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PaPostBlendConfig, i_params, 8);
 ZEL_PIN_FIELD(PaPostBlendConfig, f_params, 24);
@@ -68,5 +69,6 @@ ZEL_PIN_FIELD(PaPostBlendConfig, tail_table, 344);
 
 ZEL_DECLARE_SIDES(DePostBlendConfig)
 ZEL_PIN_SIZE(DePostBlendConfig, tarn::DePostBlendConfig::kVersion);
+ZEL_PIN_FIELD(DePostBlendConfig, version, 0);
 ZEL_PIN_FIELD(DePostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(DePostBlendConfig, params, 8);

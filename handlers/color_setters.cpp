@@ -25,9 +25,8 @@ PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
 }  // namespace
 
 int ZelTarnImpl::SetColorTransform(const VcPayload& payload) {
-  if (const int ret = CheckEnvelope<ColorTransformMatrix>(payload, __func__); ret != kOk) {
-    return ret;
-  }
+  if (!Carries<ColorTransformMatrix>(payload))
+    return RefuseLength<ColorTransformMatrix>(payload, __func__);
   const auto& transform = *RecordOf<const ColorTransformMatrix>(payload);
   if (const int ret = VersionCheck(&transform); ret != kOk) return ret;
 
@@ -41,7 +40,8 @@ int ZelTarnImpl::SetColorTransform(const VcPayload& payload) {
 }
 
 int ZelTarnImpl::SetLtmPccConfig(const VcPayload& payload) {
-  if (const int ret = CheckEnvelope<PccPostBlendConfig>(payload, __func__); ret != kOk) return ret;
+  if (!Carries<PccPostBlendConfig>(payload))
+    return RefuseLength<PccPostBlendConfig>(payload, __func__);
   const auto& ltm = *RecordOf<const PccPostBlendConfig>(payload);
   ltm_pcc_config_.enable = ltm.enable;
   ltm_pcc_config_.coeffs = ltm.coeffs;
@@ -51,7 +51,7 @@ int ZelTarnImpl::SetLtmPccConfig(const VcPayload& payload) {
 }
 
 int ZelTarnImpl::SetDimmingPcc(const VcPayload& payload) {
-  if (const int ret = CheckEnvelope<double>(payload, __func__); ret != kOk) return ret;
+  if (!Carries<double>(payload)) return RefuseLength<double>(payload, __func__);
   pcc_attenuation_factor_ = *RecordOf<const double>(payload);
   ZEL_LOGI(2, "pcc attenuation factor is %f", pcc_attenuation_factor_);
   needs_update_ = true;

@@ -46,9 +46,8 @@ int ZelTarnImpl::SetPostBlendInvGammaConfig(const VcPayload& payload) {
 }
 
 int ZelTarnImpl::SetDimensions(const DimensionBlock& block, const VcPayload& payload) {
-  if (const int ret = CheckEnvelope<PostBlendHwConfig>(payload, block.function); ret != kOk) {
-    return ret;
-  }
+  if (!Carries<PostBlendHwConfig>(payload))
+    return RefuseLength<PostBlendHwConfig>(payload, block.function);
   const auto& wanted = *RecordOf<const PostBlendHwConfig>(payload);
   if (block.bounded) {
     const int ret = CheckGammaEntries(wanted.num_of_entries, block.function);

@@ -7,9 +7,8 @@ namespace velaricolor {
 
 // The panel's global dither configuration, which belongs to no mode.
 int ZelTarnImpl::GetPbDitheHwConfig(VcPayload* payload) {
-  if (const int ret = CheckEnvelope<HwConfigOutputParams>(*payload, __func__); ret != kOk) {
-    return ret;
-  }
+  if (!Carries<HwConfigOutputParams>(*payload))
+    return RefuseLength<HwConfigOutputParams>(*payload, __func__);
   if (mode_parser_intf_ == nullptr) return kOk;
 
   tarn::HwConfigOutputParams answer;

@@ -13,7 +13,7 @@ namespace velaricolor {
 namespace {
 
 int AnswerBool(bool answer, const VcPayload& payload, const char* function) {
-  if (const int ret = CheckEnvelope<bool>(payload, function); ret != kOk) return ret;
+  if (!Carries<bool>(payload)) return RefuseLength<bool>(payload, function);
   *RecordOf<bool>(payload) = answer;
   return kOk;
 }
@@ -35,7 +35,8 @@ int ZelTarnImpl::GetDimmingSupport(VcPayload* payload) {
 // The blocks whose tables the host may dimension.
 int ZelTarnImpl::GetSupportHwAssets(VcPayload* payload) {
   using Names = std::vector<std::string>;
-  if (payload->len != sizeof(Names) || payload->payload == nullptr) {
+  if (!Carries<Names>(*payload)) {
+    // The one refusal that prints both lengths alike.
     ZEL_LOGE("len of Input params act %zd exp %zd", static_cast<ssize_t>(payload->len),
              static_cast<ssize_t>(sizeof(Names)));
     return kErrInvalid;

@@ -31,6 +31,15 @@ struct PostBlendHwConfig {
 // The longest table that the gamma and inverse-gamma blocks take.
 inline constexpr uint32_t kMaxGammaEntries = 1024;
 
+// Dimensions until the host sets others.
+struct TableDimensions {
+  uint32_t num_of_entries;
+  uint32_t bit_depth;
+};
+inline constexpr TableDimensions kDefaultInverseGamma = {257, 12};
+inline constexpr TableDimensions kDefaultGamma = {1024, 10};
+inline constexpr TableDimensions kDefaultGamut = {17, 12};
+
 ZEL_DECLARE_SIDES(PostBlendHwConfig)
 ZEL_PIN_SIZE(PostBlendHwConfig, 40);
 ZEL_PIN_FIELD(PostBlendHwConfig, version, 0);

@@ -2,6 +2,7 @@
 // between plug-in and libraries.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 #include "interface/record.h"
@@ -12,7 +13,7 @@ template <typename Side>
 struct Payload {
   static constexpr uint32_t kVersion = 24;
 
-  uint32_t version = kVersion;  // of the envelope itself
+  uint32_t version = kVersion;  // of the envelope itself; ProcessOps doesn't look at it
   uint32_t len = 0;             // bytes of the record that `payload` addresses
   uint32_t prop = 0;            // property id; 0 and unread for operations
   uint32_t padding = 0;         // not read
@@ -41,9 +42,15 @@ TarnPayload Wrap(T* record, uint32_t prop = 0) {
 }
 }  // namespace tarn
 
-static_assert(sizeof(velaricolor::VcPayload) == velaricolor::VcPayload::kVersion);
-static_assert(sizeof(tarn::TarnPayload) == tarn::TarnPayload::kVersion);
-static_assert(offsetof(velaricolor::VcPayload, version) == 0);
-static_assert(offsetof(velaricolor::VcPayload, len) == 4);
-static_assert(offsetof(velaricolor::VcPayload, prop) == 8);
-static_assert(offsetof(velaricolor::VcPayload, payload) == 16);
+namespace zeltarn::layout {
+
+template <typename Envelope>
+constexpr bool kEnvelopeIsPinned =
+    sizeof(Envelope) == Envelope::kVersion&& offsetof(Envelope, version) == 0 &&
+    offsetof(Envelope, len) == 4 && offsetof(Envelope, prop) == 8 &&
+    offsetof(Envelope, payload) == 16;
+
+}  // namespace zeltarn::layout
+
+static_assert(zeltarn::layout::kEnvelopeIsPinned<velaricolor::VcPayload>);
+static_assert(zeltarn::layout::kEnvelopeIsPinned<tarn::TarnPayload>);

@@ -5,36 +5,50 @@
 
 namespace velaricolor {
 
-// Carried in VcPayload::prop. The record of each, and the exact `len` that its
-// envelope must state:
+// Carried in VcPayload::prop. The record of each, the exact `len` that its
+// envelope states, and the `version` that the record itself must carry (- where
+// it has none or it is not looked at):
 //
-//   id                                 call         record                        len
-//   kVcModesList                       GetProperty  ColorModeList                  32
-//   kVcNeedsUpdate                     GetProperty  bool                            1
-//   kVcColorTransform                  SetProperty  ColorTransformMatrix           68
-//   kVcPostBlendGamutHwConfig          SetProperty  PostBlendHwConfig              40
-//   kVcPostBlendGammaHwConfig          SetProperty  PostBlendHwConfig              40
-//   kVcPostBlendInverseGammaHwConfig   SetProperty  PostBlendHwConfig              40
-//   kVcSupportToneMap                  GetProperty  bool                            1
-//   kVcDisplayCalibrationMode          SetProperty  none                          any
-//   kVcLtmPccConfig                    SetProperty  PccPostBlendConfig            280
-//   kVcPbDitherHwConfig                GetProperty  HwConfigOutputParams           32
-//   kVcSupportHwAssets                 GetProperty  std::vector<std::string>       24
-//   kVcDimmingSupport                  GetProperty  bool                            1
-//   kVcDimmingPcc                      SetProperty  double                          8
+//   id                                 record                     len  version
+//   GetProperty fills
+//   kVcModesList                       ColorModeList               32       96
+//   kVcNeedsUpdate                     bool                         1        -
+//   kVcSupportToneMap                  bool                         1        -
+//   kVcPbDitherHwConfig                HwConfigOutputParams        32       32
+//   kVcSupportHwAssets                 std::vector<std::string>    24        -
+//   kVcDimmingSupport                  bool                         1        -
+//   SetProperty reads
+//   kVcColorTransform                  ColorTransformMatrix        68       68
+//   kVcPostBlendGamutHwConfig          PostBlendHwConfig           40        -
+//   kVcPostBlendGammaHwConfig          PostBlendHwConfig           40        -
+//   kVcPostBlendInverseGammaHwConfig   PostBlendHwConfig           40        -
+//   kVcDisplayCalibrationMode          none                       any        -
+//   kVcLtmPccConfig                    PccPostBlendConfig         280        -
+//   kVcDimmingPcc                      double                       8        -
 enum VcProperty : int32_t {
+  // The modes, replacing what the record held; its `version` stays.
   kVcModesList = 1,
+  // Whether the colour transform, the LTM matrix or dimming was set since the last
+  // render intent. Reading does not clear it, nor do software assets.
   kVcNeedsUpdate = 2,
   kVcColorTransform = 5,
+  // Dimensions are kept and passed on to the mode parser, whose result comes back;
+  // they are kept even if it refuses them. Until they are set again the gamma and
+  // inverse-gamma blocks have exactly that many entries.
   kVcPostBlendGamutHwConfig = 6,
   kVcPostBlendGammaHwConfig = 7,
   kVcPostBlendInverseGammaHwConfig = 8,
-  kVcSupportToneMap = 9,
+  kVcSupportToneMap = 9,  // always false
+  // A notification: `payload` is a value that is logged, never an address.
   kVcDisplayCalibrationMode = 12,
   kVcLtmPccConfig = 13,
+  // The panel's global dither blocks, updated in the record by name. Nothing is
+  // written where the parser fails.
   kVcPbDitherHwConfig = 14,
+  // Names of the blocks whose tables may be dimensioned, replacing the list.
   kVcSupportHwAssets = 2048,
-  kVcDimmingSupport = 2054,
+  kVcDimmingSupport = 2054,  // always true
+  // Factor on the final PCC matrix, 1.0 until set; any value is taken as it is.
   kVcDimmingPcc = 2055,
 };
 
@@ -44,10 +58,12 @@ enum VcProperty : int32_t {
 inline constexpr int32_t kVcFirstOptionalProperty = 513;
 inline constexpr int32_t kVcLastOptionalProperty = 1023;
 
-// Operations of ProcessOps. Both take a ModeRenderInputParams (len 2912) and
-// fill a HwConfigOutputParams (len 32).
+// Operations of ProcessOps. Both take a ModeRenderInputParams (len and version
+// 2912) and fill a HwConfigOutputParams (len and version 32).
 enum VcOps : int32_t {
+  // A mode's hardware blocks, with the colour state folded into the PCC block.
   kVcModeRenderIntent = 0,
+  // A mode's software assets, as the parser gives them.
   kVcModeSwAssets = 1,
 };
 

@@ -37,8 +37,10 @@ class VcPostBlendInterface {
   // the algorithm library. `arg` is handed to both libraries unchanged; the
   // plug-in attaches no meaning to it. Blocks until the short-lived start-up
   // thread has ended. Returns 0, -22, or the parser's own failure code. A
-  // second call starts afresh: the old library objects are destroyed, the mode
-  // list is rebuilt. A missing algorithm library is not a failure.
+  // missing or failing algorithm library is not a failure. A second call starts
+  // afresh: the old library objects are destroyed, the mode list is rebuilt,
+  // settings stay. Should that fail, an initialised object stays initialised,
+  // with no modes: operations return 0 and touch nothing.
   virtual int Init(const std::string& arg) = 0;
 
   // [any host thread] Tells both libraries to de-initialise; closes nothing,
@@ -47,18 +49,22 @@ class VcPostBlendInterface {
 
   // [any host thread, initialised] Sets the property `payload.prop` from the
   // record that `payload` addresses; the record is only read, and not kept.
-  // Returns 0, -22, -95, or the mode parser's own code. A refused call changes
-  // nothing.
+  // Returns 0; -22 or -95 for what the plug-in refuses, which changes nothing; or,
+  // for table dimensions, the mode parser's own code, which may be one of the
+  // same numbers: the new dimensions are kept all the same.
   virtual int SetProperty(const VcPayload& payload) = 0;
 
   // [any host thread, initialised] Fills the caller's record for the property
-  // `payload->prop`. Returns 0, -22, -95, or the mode parser's own code.
+  // `payload->prop`. Returns 0, -22 (also for null), -95, or the mode parser's own
+  // code.
   virtual int GetProperty(VcPayload* payload) = 0;
 
   // [any host thread, initialised] Runs `op`: reads the record of `in`, writes
   // that of `out`. An output record may be passed again: entries are updated by
-  // name, in place, and none is removed. Returns 0, -22, -95, or (software
-  // assets only) the mode parser's own code.
+  // name, in place, and none is removed. With no modes, returns 0 and touches
+  // nothing. Returns 0, -22 (also for a null `out`), -95, or (software assets
+  // only) the mode parser's own code; a parser that fails a render intent shows in
+  // the log alone.
   virtual int ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) = 0;
 };
 

@@ -4,7 +4,7 @@
 namespace velaricolor {
 
 int ZelTarnImpl::GetModesList(VcPayload* payload) {
-  if (const int ret = CheckEnvelope<ColorModeList>(*payload, __func__); ret != kOk) return ret;
+  if (!Carries<ColorModeList>(*payload)) return RefuseLength<ColorModeList>(*payload, __func__);
   auto* const list = RecordOf<ColorModeList>(*payload);
   if (const int ret = VersionCheck(list); ret != kOk) return ret;
   list->modes = color_mode_list_.modes;

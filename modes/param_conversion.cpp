@@ -4,6 +4,7 @@
 
 #include "convert/find_block.h"
 #include "plugin/log.h"
+#include "plugin/recent_lookup.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
@@ -48,7 +49,9 @@ int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& i
 
   for (size_t place = 0; place < in.payloads.size(); ++place) {
     const tarn::HwConfigPayload& payload = in.payloads[place];
-    const HwConfigConverter converter = FindConverter(payload.hw_block, place);
+    const HwConfigConverter converter =
+        FindHandler(hw_config_converters_, payload.hw_block,
+                    &recent_converters_[place % recent_converters_.size()]);
     if (converter == nullptr) return kErrInvalid;
     HwConfigPayload fresh;
     HwConfigPayload* const known = FindBlock(out, payload.hw_block);

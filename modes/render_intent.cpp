@@ -1,4 +1,3 @@
-#include "modes/mode_op.h"
 #include "plugin/checks.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
@@ -6,16 +5,18 @@
 namespace velaricolor {
 
 int ZelTarnImpl::ProcessModeRenderIntent(const VcPayload& in, VcPayload* out) {
-  constexpr ModeOp kOp = {.parser_op = tarn::kZelModeRenderIntent,
-                          .function = "ProcessModeRenderIntent",
-                          .name = "kVcModeRenderIntent"};
   if (mode_parser_intf_ == nullptr) return kOk;
-  if (const int ret = CheckModeRecords(kOp, in, *out); ret != kOk) return ret;
-
+  if (const int ret = CheckModeRecords(in, *out, __func__); ret != kOk) return ret;
+  const auto& request = *RecordOf<const ModeRenderInputParams>(in);
   auto* const params = RecordOf<HwConfigOutputParams>(*out);
-  // A failed parser is no reason to show the wrong colours: the colour steps
-  // below run on whatever blocks there are, and the host sees success.
-  RunModeOp(kOp, *RecordOf<ModeRenderInputParams>(in), params);
+
+  // A failed parser is no reason to show the wrong colours: what it answered is
+  // converted, the colour steps run on whatever blocks there are, and the host
+  // sees success.
+  tarn::HwConfigOutputParams answer;
+  const int ret = AskModeParser(tarn::kZelModeRenderIntent, request, __func__, &answer);
+  if (ret != kOk) ZEL_LOGE("Failed to process kVcModeRenderIntent, ret %d", ret);
+  ConvertHwConfigOutputParams(answer, params);
 
   // The order is fixed: colour transform, LTM, dimming.
   if (color_transform_active_) ApplyColorTransform(true, &color_transform_pcc_, params);

@@ -1,17 +1,20 @@
-#include "modes/mode_op.h"
 #include "plugin/checks.h"
+#include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
 
 // No colour step follows, and the parser's result is the host's.
 int ZelTarnImpl::ProcessModeSwAssets(const VcPayload& in, VcPayload* out) {
-  constexpr ModeOp kOp = {.parser_op = tarn::kZelModeSwAssets,
-                          .function = "ProcessModeSwAssets",
-                          .name = "kVcModeSwAssets"};
   if (mode_parser_intf_ == nullptr) return kOk;
-  if (const int ret = CheckModeRecords(kOp, in, *out); ret != kOk) return ret;
-  return RunModeOp(kOp, *RecordOf<ModeRenderInputParams>(in), RecordOf<HwConfigOutputParams>(*out));
+  if (const int ret = CheckModeRecords(in, *out, __func__); ret != kOk) return ret;
+  const auto& request = *RecordOf<const ModeRenderInputParams>(in);
+
+  tarn::HwConfigOutputParams answer;
+  const int ret = AskModeParser(tarn::kZelModeSwAssets, request, __func__, &answer);
+  if (ret != kOk) ZEL_LOGE("Failed to process kVcModeSwAssets, ret %d", ret);
+  ConvertHwConfigOutputParams(answer, RecordOf<HwConfigOutputParams>(*out));
+  return ret;
 }
 
 }  // namespace velaricolor

@@ -25,6 +25,7 @@ struct pcc_coeff_data {
   PccRow b;
 };
 static_assert(sizeof(pcc_coeff_data) == 272 && alignof(pcc_coeff_data) == 8);
+static_assert(offsetof(pcc_coeff_data, reserved) == 0);
 static_assert(offsetof(pcc_coeff_data, r) == 8);
 static_assert(offsetof(pcc_coeff_data, g) == 96);
 static_assert(offsetof(pcc_coeff_data, b) == 184);
@@ -47,5 +48,6 @@ struct PccPostBlendConfig {
 
 ZEL_DECLARE_SIDES(PccPostBlendConfig)
 ZEL_PIN_SIZE(PccPostBlendConfig, tarn::PccPostBlendConfig::kVersion);
+ZEL_PIN_FIELD(PccPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PccPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PccPostBlendConfig, coeffs, 8);

@@ -10,11 +10,17 @@
 
 namespace velaricolor {
 
-// The test of an envelope that carries a T, logged under the handler's name.
-// Fails with -22 unless `len` is T's size, exactly, and the address is set.
+// The test of an envelope that should carry a T: `len` is T's size, exactly, and
+// the address is set.
 template <typename T>
-int CheckEnvelope(const VcPayload& payload, const char* function) {
-  if (payload.len == sizeof(T) && payload.payload != nullptr) return kOk;
+bool Carries(const VcPayload& payload) {
+  return payload.len == sizeof(T) && payload.payload != nullptr;
+}
+
+// The answer to one that fails it, logged under the handler's name. Out of line,
+// so that refusals cost the accepted calls nothing.
+template <typename T>
+[[gnu::cold, gnu::noinline]] int RefuseLength(const VcPayload& payload, const char* function) {
   ZEL_LOGE_AS(function, "len of Input params act %zd exp %d", static_cast<ssize_t>(payload.len),
               static_cast<int>(sizeof(T)));
   return kErrInvalid;

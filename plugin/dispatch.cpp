@@ -1,23 +1,18 @@
 // The three entry points: lock, check, look the id up, hand over.
 
 #include "plugin/log.h"
+#include "plugin/recent_lookup.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
 
 namespace {
 
-// The handler registered under `id`, or null.
-template <typename Table, typename Id>
-typename Table::mapped_type FindHandler(const Table& table, Id id) {
-  const auto entry = table.find(id);
-  return entry == table.end() ? nullptr : entry->second;
-}
+// Refusals stay out of line, so that they cost the accepted calls nothing.
 
-// The state and envelope test of both property calls.
-int CheckPropertyCall(const char* function, bool init_done, const VcPayload* payload) {
+[[gnu::cold, gnu::noinline]] int RefusePropertyCall(const char* function, bool init_done,
+                                                    const VcPayload* payload) {
   const uint32_t version = payload == nullptr ? 0 : payload->version;
-  if (init_done && version == VcPayload::kVersion) return kOk;
   ZEL_LOGE_AS(function, "Invalid params : init_done_ %d, actual version %zd exp version %d",
               static_cast<int>(init_done), static_cast<ssize_t>(version),
               static_cast<int>(VcPayload::kVersion));
@@ -25,7 +20,7 @@ int CheckPropertyCall(const char* function, bool init_done, const VcPayload* pay
 }
 
 // The answer to a property without a handler.
-int RefuseProperty(const char* function, int32_t prop) {
+[[gnu::cold, gnu::noinline]] int RefuseProperty(const char* function, int32_t prop) {
   const void* const no_handler = nullptr;
   if (prop >= kVcFirstOptionalProperty && prop <= kVcLastOptionalProperty) {
     ZEL_LOGI_AS(2, function, "Unsupported prop %d, function %pK", prop, no_handler);
@@ -39,20 +34,24 @@ int RefuseProperty(const char* function, int32_t prop) {
 
 int ZelTarnImpl::SetProperty(const VcPayload& payload) {
   const std::lock_guard lock(lock_);
-  if (const int ret = CheckPropertyCall(__func__, init_done_, &payload); ret != kOk) return ret;
-
+  if (!init_done_ || payload.version != VcPayload::kVersion) {
+    return RefusePropertyCall(__func__, init_done_, &payload);
+  }
   const auto prop = static_cast<VcProperty>(payload.prop);
-  const SetPropFunc handler = FindHandler(set_prop_funcs_, prop);
-  return handler == nullptr ? RefuseProperty(__func__, prop) : (this->*handler)(payload);
+  const SetPropFunc handler = FindHandler(set_prop_funcs_, prop, &recent_setter_);
+  if (handler == nullptr) return RefuseProperty(__func__, prop);
+  return (this->*handler)(payload);
 }
 
 int ZelTarnImpl::GetProperty(VcPayload* payload) {
   const std::lock_guard lock(lock_);
-  if (const int ret = CheckPropertyCall(__func__, init_done_, payload); ret != kOk) return ret;
-
+  if (!init_done_ || payload == nullptr || payload->version != VcPayload::kVersion) {
+    return RefusePropertyCall(__func__, init_done_, payload);
+  }
   const auto prop = static_cast<VcProperty>(payload->prop);
-  const GetPropFunc handler = FindHandler(get_prop_funcs_, prop);
-  return handler == nullptr ? RefuseProperty(__func__, prop) : (this->*handler)(payload);
+  const GetPropFunc handler = FindHandler(get_prop_funcs_, prop, &recent_getter_);
+  if (handler == nullptr) return RefuseProperty(__func__, prop);
+  return (this->*handler)(payload);
 }
 
 int ZelTarnImpl::ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) {
@@ -63,7 +62,7 @@ int ZelTarnImpl::ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) {
              static_cast<const void*>(out));
     return kErrInvalid;
   }
-  const OpsFunc handler = FindHandler(ops_funcs_, op);
+  const OpsFunc handler = FindHandler(ops_funcs_, op, &recent_op_);
   if (handler == nullptr) {
     ZEL_LOGE("Invalid ops %d", static_cast<int>(op));
     return kErrUnsupported;

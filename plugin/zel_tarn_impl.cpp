@@ -4,6 +4,17 @@
 
 namespace velaricolor {
 
+namespace {
+
+PostBlendHwConfig Dimensions(uint32_t version, const TableDimensions& table) {
+  return {.version = version,
+          .num_of_entries = table.num_of_entries,
+          .bit_depth = table.bit_depth,
+          .attributes = {}};
+}
+
+}  // namespace
+
 ZelTarnImpl::ZelTarnImpl()
     : set_prop_funcs_{
           {kVcColorTransform, &ZelTarnImpl::SetColorTransform},
@@ -27,20 +38,9 @@ ZelTarnImpl::ZelTarnImpl()
           {kVcModeSwAssets, &ZelTarnImpl::ProcessModeSwAssets},
       },
       hw_config_converters_(MakeConverterTable()),
-      inverse_gamma_hw_config_{.version = GammaPostBlendConfig::kVersion,
-                               .num_of_entries = 257,
-                               .bit_depth = 12,
-                               .attributes = {}},
-      gamma_hw_config_{.version = GammaPostBlendConfig::kVersion,
-                       .num_of_entries = 1024,
-                       .bit_depth = 10,
-                       .attributes = {}},
-      gamut_hw_config_{.version = GamutPostBlendConfig::kVersion,
-                       .num_of_entries = 17,
-                       .bit_depth = 12,
-                       .attributes = {}} {
-  recent_converters_.fill(hw_config_converters_.begin());
-}
+      inverse_gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultInverseGamma)),
+      gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultGamma)),
+      gamut_hw_config_(Dimensions(GamutPostBlendConfig::kVersion, kDefaultGamut)) {}
 
 // An object's code lives in its library, which the handles close only later.
 ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }

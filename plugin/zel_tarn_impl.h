@@ -1,7 +1,6 @@
 // The plug-in object.
 #pragma once
 
-#include <array>
 #include <condition_variable>
 #include <cstdint>
 #include <exception>
@@ -10,6 +9,7 @@
 #include <mutex>
 #include <string>
 #include <thread>
+#include <vector>
 
 #include "bridge/library_handle.h"
 #include "bridge/tarn_intf.h"
@@ -23,14 +23,13 @@
 
 namespace velaricolor {
 
-struct ModeOp;  // what tells one mode operation from the other (modes/mode_op.h)
-
 // Its members are defined in the folder of their subject: bridge/ (start-up and
 // libraries), modes/, convert/, pcc/ and handlers/.
 //
-// Everything below the public calls runs under lock_, but for thread_handler and
-// LoadTarnAlgoLib, which run on the start-up thread while Init holds lock_ and
-// waits. No member is atomic: that thread is joined before Init reads on.
+// Everything below the public calls runs under lock_. thread_handler and what it
+// calls (StartUp, FetchModesList, LoadTarnAlgoLib) run on the start-up thread
+// while Init holds lock_ and waits. No member is atomic: that thread is joined
+// before Init reads on.
 class ZelTarnImpl final : public VcPostBlendInterface {
  public:
   // Loads nothing, starts nothing, logs nothing.
@@ -56,6 +55,9 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   using OpsFunc = int (ZelTarnImpl::*)(const VcPayload&, VcPayload*);
   using HwConfigConverter = int (ZelTarnImpl::*)(const tarn::HwConfigPayload&,
                                                  velaricolor::HwConfigPayload*);
+  using SetPropFuncs = std::map<VcProperty, SetPropFunc>;
+  using GetPropFuncs = std::map<VcProperty, GetPropFunc>;
+  using OpsFuncs = std::map<VcOps, OpsFunc>;
   using HwConfigConverters = std::map<std::string, HwConfigConverter>;
 
   // bridge/
@@ -70,16 +72,16 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   int GetModesList(VcPayload* payload);
   int ProcessModeRenderIntent(const VcPayload& in, VcPayload* out);
   int ProcessModeSwAssets(const VcPayload& in, VcPayload* out);
-  int CheckModeRecords(const ModeOp& op, const VcPayload& in, const VcPayload& out);
-  int RunModeOp(const ModeOp& op, const ModeRenderInputParams& request, HwConfigOutputParams* out);
-  int ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
-                                   tarn::ModeRenderInputParams* out);
+  static int CheckModeRecords(const VcPayload& in, const VcPayload& out, const char* function);
+  int AskModeParser(tarn::ZelOps op, const ModeRenderInputParams& request, const char* function,
+                    tarn::HwConfigOutputParams* answer);
+  static int ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
+                                          tarn::ModeRenderInputParams* out);
   int ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& in,
                                   velaricolor::HwConfigOutputParams* out);
 
   // convert/
   static HwConfigConverters MakeConverterTable();
-  HwConfigConverter FindConverter(const std::string& hw_block, size_t place);
   int ConvertPostBlendGamutPayload(const tarn::HwConfigPayload& in,
                                    velaricolor::HwConfigPayload* out);
   int ConvertPostBlendInvGammaPayload(const tarn::HwConfigPayload& in,
@@ -133,9 +135,9 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   LibraryHandle mode_parser_lib_handle_;
   LibraryHandle algo_lib_handle_;
 
-  const std::map<VcProperty, SetPropFunc> set_prop_funcs_;
-  const std::map<VcProperty, GetPropFunc> get_prop_funcs_;
-  const std::map<VcOps, OpsFunc> ops_funcs_;
+  const SetPropFuncs set_prop_funcs_;
+  const GetPropFuncs get_prop_funcs_;
+  const OpsFuncs ops_funcs_;
   const HwConfigConverters hw_config_converters_;
 
   std::mutex lock_;
@@ -162,8 +164,13 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   bool mode_parser_done_ = false;
   std::exception_ptr mode_parser_exception_;  // allocation failure on that thread
 
-  // The table's entries last used, by place in the parser's answer.
-  std::array<HwConfigConverters::const_iterator, 16> recent_converters_;
+  // The tables' entries last used; a parser answers with the same blocks in the
+  // same order mode after mode, so those of converters go by place in the answer.
+  SetPropFuncs::const_iterator recent_setter_ = set_prop_funcs_.begin();
+  GetPropFuncs::const_iterator recent_getter_ = get_prop_funcs_.begin();
+  OpsFuncs::const_iterator recent_op_ = ops_funcs_.begin();
+  std::vector<HwConfigConverters::const_iterator> recent_converters_ =
+      std::vector(hw_config_converters_.size(), hw_config_converters_.begin());
 };
 
 template <typename T>

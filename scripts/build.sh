@@ -7,6 +7,7 @@ cd "$(dirname "$0")/.."
 build() {
   local preset=$1 log
   log=$(mktemp)
+  [ -e "build/$preset/build.ninja" ] || echo "Building into build/$preset, which takes some minutes the first time ..."
   scripts/install-deps.sh
   if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
     cat "$log" >&2

@@ -1,7 +1,4 @@
-// The road that both mode operations share: check the records, ask the parser,
-// convert what it answers.
-
-#include "modes/mode_op.h"
+// What the two mode operations share: checking the records and asking the parser.
 
 #include <sys/types.h>
 
@@ -12,11 +9,11 @@
 
 namespace velaricolor {
 
-int ZelTarnImpl::CheckModeRecords(const ModeOp& op, const VcPayload& in, const VcPayload& out) {
+int ZelTarnImpl::CheckModeRecords(const VcPayload& in, const VcPayload& out, const char* function) {
   constexpr uint32_t kInLen = sizeof(ModeRenderInputParams);
   constexpr uint32_t kOutLen = sizeof(HwConfigOutputParams);
   if (in.len != kInLen || out.len != kOutLen) {
-    ZEL_LOGE_AS(op.function, "len of Input params exp %zd act %d output exp %zd act %d",
+    ZEL_LOGE_AS(function, "len of Input params exp %zd act %d output exp %zd act %d",
                 static_cast<ssize_t>(kInLen), static_cast<int>(in.len),
                 static_cast<ssize_t>(kOutLen), static_cast<int>(out.len));
     return kErrInvalid;
@@ -25,25 +22,20 @@ int ZelTarnImpl::CheckModeRecords(const ModeOp& op, const VcPayload& in, const V
   return VersionCheck(RecordOf<HwConfigOutputParams>(out));
 }
 
-// Returns the parser's result. What it answered is converted in any case.
-int ZelTarnImpl::RunModeOp(const ModeOp& op, const ModeRenderInputParams& request,
-                           HwConfigOutputParams* out) {
+int ZelTarnImpl::AskModeParser(tarn::ZelOps op, const ModeRenderInputParams& request,
+                               const char* function, tarn::HwConfigOutputParams* answer) {
   tarn::ModeRenderInputParams asked;  // blank but for aux_data, which is copied whole
-  tarn::HwConfigOutputParams answer;
   ConvertModeRenderInputParams(request, &asked);
   const tarn::TarnPayload input = tarn::Wrap(&asked);
-  tarn::TarnPayload output = tarn::Wrap(&answer);
+  tarn::TarnPayload output = tarn::Wrap(answer);
 
-  const int ret = mode_parser_intf_->ProcessOps(op.parser_op, input, &output);
-  if (ret != kOk) {
-    ZEL_LOGE_AS(op.function, "Failed to process %s, ret %d", op.name, ret);
-  } else {
-    ZEL_LOGI_AS(2, op.function,
+  const int ret = mode_parser_intf_->ProcessOps(op, input, &output);
+  if (ret == kOk) {
+    ZEL_LOGI_AS(2, function,
                 "Successfully with mode (gamut %d, gamma %d, intent %d), output Hw configs %d",
                 static_cast<int>(request.mode.gamut), static_cast<int>(request.mode.gamma),
-                static_cast<int>(request.mode.intent), static_cast<int>(answer.payloads.size()));
+                static_cast<int>(request.mode.intent), static_cast<int>(answer->payloads.size()));
   }
-  ConvertHwConfigOutputParams(answer, out);
   return ret;
 }
 
