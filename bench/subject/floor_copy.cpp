@@ -13,6 +13,9 @@
 
 namespace {
 
+// `version`, `enable` and padding, which a conversion does not move as bytes.
+constexpr size_t kHeaderBytes = 8;
+
 // Where the carried bytes of a record lie beside the record itself.
 using Lists = std::vector<std::pair<const void*, size_t>>;
 
@@ -71,7 +74,11 @@ FloorCopy::FloorCopy(const std::vector<tarn::HwConfigPayload>& from,
     void* const target = to.payloads[i].payload.get();
     const Lists sources = ListsOf(from[i].hw_block, from[i].payload.get());
     const Lists targets = ListsOf(from[i].hw_block, target);
-    if (sources.empty()) spans_.push_back({from[i].payload.get(), target, from[i].len});
+    if (sources.empty()) {
+      const auto* const carried = static_cast<const char*>(from[i].payload.get()) + kHeaderBytes;
+      spans_.push_back(
+          {carried, static_cast<char*>(target) + kHeaderBytes, from[i].len - kHeaderBytes});
+    }
     for (size_t list = 0; list < sources.size(); ++list) {
       spans_.push_back(
           {sources[list].first, const_cast<void*>(targets[list].first), sources[list].second});

@@ -59,20 +59,31 @@ void TearDown() {
 }
 
 void Get(unsigned calls) {
+  velaricolor::VcPostBlendInterface& plugin = g_session->plugin();
   bool needs_update = false;
-  for (; calls > 0; --calls) g_session->Get(velaricolor::kVcNeedsUpdate, &needs_update);
+  for (; calls > 0; --calls) {
+    velaricolor::VcPayload envelope = {
+        .len = sizeof(needs_update), .prop = velaricolor::kVcNeedsUpdate, .payload = &needs_update};
+    plugin.GetProperty(&envelope);
+  }
   Keep(&needs_update);
 }
 
 void Set(unsigned calls) {
-  for (; calls > 0; --calls) g_session->Set(velaricolor::kVcDimmingPcc, 0.5);
+  velaricolor::VcPostBlendInterface& plugin = g_session->plugin();
+  double factor = 0.5;
+  for (; calls > 0; --calls) {
+    plugin.SetProperty(
+        {.len = sizeof(factor), .prop = velaricolor::kVcDimmingPcc, .payload = &factor});
+  }
 }
 
 void BareGet(unsigned calls) {
+  BareCall& bare = *g_bare;
   bool answer = false;
   for (; calls > 0; --calls) {
     velaricolor::VcPayload envelope = {.len = sizeof(answer), .payload = &answer};
-    g_bare->Get(&envelope);
+    bare.Get(&envelope);
   }
   Keep(&answer);
 }
