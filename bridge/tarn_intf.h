@@ -69,8 +69,8 @@ using TarnAlgoFactory = TarnAlgoIntf* (*)(int major_version, int minor_version);
 
 }  // namespace tarn
 
-// What the libraries export, with default visibility. [start-up] of a first or further Init: the parser's
-// on the host's thread, the algorithm library's on the start-up thread.
+// What the libraries export, with default visibility. In an Init: the parser's is
+// called on the host's thread, the algorithm library's on the start-up thread.
 extern "C" {
 tarn::ModeParserIntf* GetTarnZelInterface(int major_version, int minor_version);
 tarn::TarnAlgoIntf* GetTarnAlgoInterface(int major_version, int minor_version);

@@ -23,7 +23,6 @@ set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
 set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
 set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
-set(CMAKE_CXX_FLAGS_RELWITHDEBINFO "-O2 -g")
 
 # Libraries look beside themselves, programs in the lib folder; RUNPATH rather
 # than RPATH, so that LD_LIBRARY_PATH still wins.
@@ -32,6 +31,12 @@ set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
 # Also for what is built from Debian's sources (GoogleTest).
 add_compile_options(-stdlib=libc++)
 add_link_options(-stdlib=libc++ -Wl,--enable-new-dtags)
+
+set(ZELTARN_SANITIZER "" CACHE STRING "Sanitizers to build with, as -fsanitize= takes them")
+if(ZELTARN_SANITIZER)
+  add_compile_options(-fsanitize=${ZELTARN_SANITIZER} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=${ZELTARN_SANITIZER})
+endif()
 
 add_library(zel_options INTERFACE)
 target_include_directories(zel_options INTERFACE ${PROJECT_SOURCE_DIR})

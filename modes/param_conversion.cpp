@@ -9,18 +9,6 @@
 
 namespace velaricolor {
 
-namespace {
-
-// Makes room for all of an answer's blocks at once, when the first is new.
-void Append(HwConfigPayload&& fresh, size_t answered, HwConfigOutputParams* out) {
-  if (out->payloads.size() == out->payloads.capacity()) {
-    out->payloads.reserve(out->payloads.size() + answered);
-  }
-  out->payloads.push_back(std::move(fresh));
-}
-
-}  // namespace
-
 int ZelTarnImpl::ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
                                               tarn::ModeRenderInputParams* out) {
   if (out == nullptr) {
@@ -53,15 +41,28 @@ int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& i
         FindHandler(hw_config_converters_, payload.hw_block,
                     &recent_converters_[place % recent_converters_.size()]);
     if (converter == nullptr) return kErrInvalid;
-    HwConfigPayload fresh;
     HwConfigPayload* const known = FindBlock(out, payload.hw_block);
-    HwConfigPayload* const target = known == nullptr ? &fresh : known;
-    if (const int ret = (this->*converter)(payload, target); ret != kOk) {
+    const int ret = known != nullptr ? (this->*converter)(payload, known)
+                                     : ConvertNew(converter, payload, in.payloads.size(), out);
+    if (ret != kOk) {
       ZEL_LOGE("Failed to convert for %s from tarn to velari namespace", payload.hw_block.c_str());
       return ret;
     }
-    if (target == &fresh) Append(std::move(fresh), in.payloads.size(), out);
   }
+  return kOk;
+}
+
+// Converts into an entry of its own, which joins the list once it is complete.
+int ZelTarnImpl::ConvertNew(HwConfigConverter converter, const tarn::HwConfigPayload& payload,
+                            size_t answered, velaricolor::HwConfigOutputParams* out) {
+  HwConfigPayload fresh;
+  if (const int ret = (this->*converter)(payload, &fresh); ret != kOk) return ret;
+
+  // Room for all of an answer's blocks at once, when the first is new.
+  if (out->payloads.size() == out->payloads.capacity()) {
+    out->payloads.reserve(out->payloads.size() + answered);
+  }
+  out->payloads.push_back(std::move(fresh));
   return kOk;
 }
 

@@ -79,6 +79,8 @@ class ZelTarnImpl final : public VcPostBlendInterface {
                                           tarn::ModeRenderInputParams* out);
   int ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& in,
                                   velaricolor::HwConfigOutputParams* out);
+  int ConvertNew(HwConfigConverter converter, const tarn::HwConfigPayload& payload, size_t answered,
+                 velaricolor::HwConfigOutputParams* out);
 
   // convert/
   static HwConfigConverters MakeConverterTable();

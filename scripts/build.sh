@@ -8,7 +8,11 @@ build() {
   local preset=$1 log
   log=$(mktemp)
   [ -e "build/$preset/build.ninja" ] || echo "Building into build/$preset, which takes some minutes the first time ..."
-  scripts/install-deps.sh
+  case $preset in
+    release) scripts/install-deps.sh ;;
+    *) scripts/install-deps.sh verify ;;
+  esac
+  [ "$preset" != arm64 ] || scripts/arm64-sysroot.sh
   if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
     cat "$log" >&2
     rm -f "$log"

@@ -1,16 +1,24 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and running need. Does
 # nothing, and needs no rights, where all are there.
+# Usage: scripts/install-deps.sh [verify]   with what only verification needs
 set -euo pipefail
 
 packages=(
-  clang clang-format clang-tidy llvm lld      # compiler, gates, coverage
+  clang clang-format clang-tidy llvm          # compiler, gates, binary tools
   libc++-dev libc++abi-dev                    # the platform's standard library
   cmake ninja-build
   googletest                                  # sources: built against libc++
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
+  gnuplot-nox libpng-dev                      # zelctl's pictures
   libbenchmark-dev                            # bench
 )
+if [ "${1:-}" = verify ]; then
+  packages+=(
+    libclang-rt-14-dev                        # sanitizers, fuzzer, coverage
+    lld qemu-user                             # 64-bit Arm
+  )
+fi
 
 missing=()
 for package in "${packages[@]}"; do

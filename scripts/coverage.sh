@@ -1,0 +1,23 @@
+#!/usr/bin/env bash
+# Which lines of the plug-in its tests run; prints a summary per file, and the
+# lines that no test runs.
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+scripts/install-deps.sh verify
+scripts/build.sh coverage
+build=build/coverage
+rm -rf "$build/profiles"
+mkdir -p "$build/profiles"
+LLVM_PROFILE_FILE="$PWD/$build/profiles/%p.profraw" \
+  ctest --preset coverage --output-log "$build/ctest.log" --quiet
+find "$build/profiles" -name '*.profraw' >"$build/profiles/list"
+llvm-profdata merge -sparse -f "$build/profiles/list" -o "$build/profile"
+llvm-cov report "$build/lib/libzeltarn.so" -instr-profile="$build/profile" \
+  --show-region-summary=false --show-branch-summary=false
+echo "Lines that no test runs:"
+llvm-cov show "$build/lib/libzeltarn.so" -instr-profile="$build/profile" |
+  awk '/^\/.*:$/ { file = $0; sub(/.*\/(plugin|bridge|modes|convert|pcc|handlers|interface)\//, "", file)
+                    folder = $0; gsub(/:$/, "", folder); n = split(folder, p, "/"); name = p[n-1] "/" p[n] }
+       /^ *[0-9]+\| *0\|/ { line = $0; sub(/\|.*/, "", line); gsub(/ /, "", line)
+                            text = $0; sub(/^[^|]*\|[^|]*\|/, "", text); print "  " name ":" line ": " text }'

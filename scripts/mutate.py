@@ -1,0 +1,103 @@
+#!/usr/bin/env python3
+"""Puts each fault of tests/mutations/mutations.txt into a copy of the tree, builds
+it, and says which test catches it. Fails where one goes unnoticed.
+
+Usage: scripts/mutate.py [--markdown] [TITLE ...]
+"""
+
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+ROOT = pathlib.Path(__file__).resolve().parent.parent
+WORK = ROOT / "build" / "mutations"
+FOLDERS = ["interface", "plugin", "bridge", "modes", "convert", "pcc", "handlers"]
+TIMEOUT = 60
+
+
+def read_table():
+    text = (ROOT / "tests/mutations/mutations.txt").read_text()
+    for line in text.splitlines():
+        if not line.strip() or line.startswith("#"):
+            continue
+        cells = [c.strip().replace("\\|", "|").replace("\\n", "\n")
+                 for c in re.split(r"(?<!\\)\|", line)]
+        title, file, old, new = cells[:4]
+        yield title, file, old, new, cells[4] if len(cells) > 4 else "release"
+
+
+def copy_tree():
+    names = subprocess.run(["git", "ls-files", "-co", "--exclude-standard"], cwd=ROOT,
+                           capture_output=True, text=True, check=True).stdout.splitlines()
+    for name in names:
+        source, target = ROOT / name, WORK / name
+        if not source.exists():
+            continue
+        if target.exists() and target.read_bytes() == source.read_bytes():
+            continue
+        target.parent.mkdir(parents=True, exist_ok=True)
+        shutil.copy(source, target)
+
+
+def build(preset):
+    if not (WORK / "build" / preset / "build.ninja").exists():
+        subprocess.run(["cmake", "--preset", preset], cwd=WORK, check=True, capture_output=True)
+    targets = [f"{folder}_test" for folder in FOLDERS]
+    return subprocess.run(["cmake", "--build", f"build/{preset}", "--target", *targets],
+                          cwd=WORK, capture_output=True, text=True)
+
+
+def caught_by(preset):
+    """The first failing test, or how the program ended; None where all pass."""
+    emulator = ["qemu-aarch64", "-L", "build/arm64-sysroot"] if preset == "arm64" else []
+    for folder in FOLDERS:
+        program = f"build/{preset}/tests/{folder}_test"
+        try:
+            run = subprocess.run([*emulator, program], cwd=WORK, capture_output=True,
+                                 text=True, timeout=TIMEOUT)
+        except subprocess.TimeoutExpired as hung:
+            output, how = (hung.stdout or b"").decode(), " (hangs)"
+        else:
+            if run.returncode == 0:
+                continue
+            output, how = run.stdout, "" if "[  FAILED  ]" in run.stdout else " (crashes)"
+        failed = re.findall(r"\[  FAILED  \] (\w+\.\w+)", output)
+        started = re.findall(r"\[ RUN      \] (\w+\.\w+)", output)
+        return (failed[:1] or started[-1:] or [folder])[0] + how
+    return None
+
+
+def main():
+    markdown = "--markdown" in sys.argv
+    wanted = [a for a in sys.argv[1:] if not a.startswith("--")]
+    WORK.mkdir(parents=True, exist_ok=True)
+    sysroot = ROOT / "build" / "arm64-sysroot"
+    if sysroot.exists() and not (WORK / "build/arm64-sysroot").exists():
+        (WORK / "build").mkdir(exist_ok=True)
+        (WORK / "build/arm64-sysroot").symlink_to(sysroot)
+    missed = 0
+    for title, file, old, new, preset in read_table():
+        if wanted and title not in wanted:
+            continue
+        copy_tree()
+        place = WORK / file
+        source = place.read_text()
+        if old not in source:
+            print(f"NOT FOUND: {title}: {file} no longer holds {old!r}", flush=True)
+            missed += 1
+            continue
+        place.write_text(source.replace(old, new, 1))
+        built = build(preset)
+        by = caught_by(preset) if built.returncode == 0 else "does not compile"
+        missed += by is None
+        row = f"| `{file}` | {title} | {by or 'MISSED'} | {preset} |"
+        print(row if markdown else f"{title}: {by or 'MISSED'}", flush=True)
+    copy_tree()
+    print(f"{missed} unnoticed")
+    return 1 if missed else 0
+
+
+if __name__ == "__main__":
+    sys.exit(main())

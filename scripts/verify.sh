@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Every proof there is: form, all tests on every preset, the fuzzers' short run,
+# coverage. Ends with a table of what ran, and fails where anything failed.
+set -uo pipefail
+cd "$(dirname "$0")/.."
+
+names=() results=() seconds=()
+failed=0
+
+step() {
+  local name=$1 start=$SECONDS
+  shift
+  echo "== $name"
+  if "$@"; then results+=(passed); else results+=(FAILED); failed=1; fi
+  names+=("$name")
+  seconds+=($((SECONDS - start)))
+}
+
+scripts/install-deps.sh verify || exit 1
+step "tests, release" scripts/test.sh release
+step "format and tidy" scripts/lint.sh
+step "tests, asan" scripts/test.sh asan
+step "tests, tsan" scripts/test.sh tsan
+step "tests, arm64" scripts/test.sh arm64
+step "fuzzing" scripts/fuzz.sh "${ZEL_FUZZ_SECONDS:-60}"
+step "coverage" scripts/coverage.sh
+
+echo
+printf '%-20s %-8s %8s\n' what result seconds
+for i in "${!names[@]}"; do
+  printf '%-20s %-8s %8d\n' "${names[$i]}" "${results[$i]}" "${seconds[$i]}"
+done
+passed=0
+for result in "${results[@]}"; do [ "$result" = passed ] && passed=$((passed + 1)); done
+echo "$passed passed, $((${#results[@]} - passed)) failed"
+exit $failed
