@@ -7,7 +7,8 @@
 //   GC:  linear light (i / (n - 1))^2 in the panel's primaries; the code is the
 //        panel's signal. Squared, since signals are steep over light near black:
 //        evenly spaced, the first interval alone would span a twentieth of them.
-// Between two entries the blocks interpolate linearly along i.
+// Between two entries the blocks interpolate linearly along i. A single entry
+// belongs to input 1 and is the output of every input.
 #pragma once
 
 #include <algorithm>
@@ -18,9 +19,8 @@
 
 namespace tarn::reference {
 
-// A table needs both its ends; an entry has 32 bits.
-inline constexpr uint32_t kMinGammaEntries = 2;
-inline constexpr uint32_t kMaxBitDepth = 32;
+inline constexpr uint32_t kMinGammaEntries = 1;
+inline constexpr uint32_t kMaxBitDepth = 32;  // an entry's
 
 enum class GammaAxis { kIgc, kGc };
 
@@ -36,14 +36,15 @@ inline uint32_t ToCode(double value, uint32_t bit_depth) {
 
 // Input that entry `i` of `n` belongs to.
 inline double AxisInput(GammaAxis axis, size_t i, size_t n) {
+  if (n == 1) return 1;
   const double position = static_cast<double>(i) / static_cast<double>(n - 1);
   return axis == GammaAxis::kIgc ? position : position * position;
 }
 
-// Output, from 0 to 1, of one channel's table of at least two entries; the
-// input is clipped to 0 to 1.
+// Output, from 0 to 1, of one channel's table; the input is clipped to 0 to 1.
 inline double LookUp(GammaAxis axis, const std::vector<uint32_t>& table, uint32_t bit_depth,
                      double input) {
+  if (table.size() == 1) return table.front() / MaxCode(bit_depth);
   const double clipped = std::clamp(input, 0.0, 1.0);
   const double last = static_cast<double>(table.size() - 1);
   const double position = last * (axis == GammaAxis::kIgc ? clipped : std::sqrt(clipped));

@@ -8,6 +8,7 @@
 #include "convert/dither_config.h"
 #include "convert/gamut_gamma_config.h"
 #include "convert/pa_de_config.h"
+#include "devkit/zelctl/blocks/block_record.h"
 #include "plugin/names.h"
 
 namespace zelctl {

@@ -1,5 +1,4 @@
-// The contents of hardware blocks as JSON: the one place that reads the blocks'
-// typed records, and what the tables are made from.
+// The contents of hardware blocks as JSON, from which the tables are made too.
 #pragma once
 
 #include "convert/hw_config_payload.h"
@@ -7,15 +6,6 @@
 #include "pcc/pcc_config.h"
 
 namespace zelctl {
-
-// The payload's record, or null where it is not a T.
-template <typename T>
-const T* RecordOf(const velaricolor::HwConfigPayload& payload) {
-  const auto* record = static_cast<const T*>(payload.payload.get());
-  const bool matches =
-      record != nullptr && payload.len == sizeof(T) && record->version == T::kVersion;
-  return matches ? record : nullptr;
-}
 
 // The three rows as "r", "g" and "b".
 Json PccRowsJson(const pcc_coeff_data& coeffs);

@@ -1,13 +1,13 @@
 // Corrections for anomalous colour vision.
 #pragma once
 
-#include "devkit/zelctl/matrix3.h"
+#include "devkit/reference/color/matrix.h"
 
 namespace zelctl {
 
 // What the viewer would not see is moved to where it is seen; greys stay.
-Matrix3 ProtanomalyCorrection();
-Matrix3 DeuteranomalyCorrection();
-Matrix3 TritanomalyCorrection();
+tarn::color::Mat3 ProtanomalyCorrection();
+tarn::color::Mat3 DeuteranomalyCorrection();
+tarn::color::Mat3 TritanomalyCorrection();
 
 }  // namespace zelctl

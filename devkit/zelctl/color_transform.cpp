@@ -11,11 +11,12 @@
 namespace zelctl {
 namespace {
 
+using tarn::color::Vec3;
 using velaricolor::ColorTransformMatrix;
 
 constexpr const char* kNightPrefix = "night:";
 
-ColorTransformMatrix Transform(const Matrix3& linear, double offset = 0) {
+ColorTransformMatrix Transform(const tarn::color::Mat3& linear, double offset = 0) {
   ColorTransformMatrix transform;
   for (size_t row = 0; row < 3; ++row) {
     for (size_t column = 0; column < 3; ++column) {
@@ -28,12 +29,12 @@ ColorTransformMatrix Transform(const Matrix3& linear, double offset = 0) {
 
 // Every channel becomes the luminance: ITU-R BT.709, section 3, item 3.2.
 ColorTransformMatrix Grayscale() {
-  constexpr Vector3 kLuminance = {0.2126, 0.7152, 0.0722};
+  constexpr Vec3 kLuminance = {0.2126, 0.7152, 0.0722};
   return Transform({kLuminance, kLuminance, kLuminance});
 }
 
 // c becomes 1 - c.
-ColorTransformMatrix Inversion() { return Transform(Diagonal({-1, -1, -1}), 1); }
+ColorTransformMatrix Inversion() { return Transform(tarn::color::Diagonal({-1, -1, -1}), 1); }
 
 ColorTransformMatrix ParseNight(const std::string& text) {
   const double kelvin = ParseNumber(text);
@@ -57,7 +58,7 @@ ColorTransformMatrix ParseMatrix(const std::string& text) {
 
 ColorTransformMatrix ParseColorTransform(const std::string& text) {
   const std::map<std::string, ColorTransformMatrix> named = {
-      {"identity", Transform(kIdentity3)},
+      {"identity", Transform(tarn::color::kIdentity)},
       {"grayscale", Grayscale()},
       {"inversion", Inversion()},
       {"protanomaly", Transform(ProtanomalyCorrection())},

@@ -16,6 +16,7 @@ struct GlobalOptions {
 
 void AddModesCommand(CLI::App& app, const GlobalOptions& globals);
 void AddRenderCommand(CLI::App& app, const GlobalOptions& globals);
+void AddPlotCommand(CLI::App& app, const GlobalOptions& globals);
 void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals);
 void AddDitherCommand(CLI::App& app, const GlobalOptions& globals);
 void AddCapsCommand(CLI::App& app, const GlobalOptions& globals);

@@ -18,6 +18,8 @@ constexpr const char* kExamples =
     "  zelctl render srgb\n"
     "  zelctl render 1 --color-transform night:3400 --dimming 0.6 --steps\n"
     "  zelctl render srgb --from native --json\n"
+    "  zelctl render srgb --image in.png -o out.png\n"
+    "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
     "Exit status: 0; 1 when a call of the plug-in failed; 2 for a wrong mode, file or number.";
@@ -50,6 +52,7 @@ int Run(int argc, char** argv) {
   AddGlobalOptions(app, &globals);
   AddModesCommand(app, globals);
   AddRenderCommand(app, globals);
+  AddPlotCommand(app, globals);
   AddAssetsCommand(app, globals);
   AddDitherCommand(app, globals);
   AddCapsCommand(app, globals);

@@ -1,9 +1,15 @@
 #include "devkit/zelctl/night_light.h"
 
 #include <algorithm>
+#include <array>
+
+#include "devkit/reference/color/primaries.h"
 
 namespace zelctl {
 namespace {
+
+using tarn::color::Mat3;
+using tarn::color::Vec3;
 
 constexpr double kDaylightKelvin = 6504;  // correlated colour temperature of D65
 
@@ -24,25 +30,23 @@ std::array<double, 2> PlanckianXy(double kelvin) {
   return {x, Cubic({3.0817580, -5.87338670, 3.75112997, -0.37001483}, x)};
 }
 
-// Linear sRGB of a black body of luminance 1; XYZ to RGB of IEC 61966-2-1.
-Vector3 PlanckianRgb(double kelvin) {
-  constexpr Matrix3 kXyzToRgb = {{{3.2406, -1.5372, -0.4986},  //
-                                  {-0.9689, 1.8758, 0.0415},   //
-                                  {0.0557, -0.2040, 1.0570}}};
+// Linear sRGB of a black body of luminance 1.
+Vec3 PlanckianRgb(double kelvin) {
   const auto [x, y] = PlanckianXy(kelvin);
-  return kXyzToRgb * Vector3{x / y, 1, (1 - x - y) / y};
+  const Mat3 xyz_to_rgb = tarn::color::Inverse(RgbToXyz(tarn::color::kSrgb));
+  return tarn::color::Multiply(xyz_to_rgb, Vec3{x / y, 1, (1 - x - y) / y});
 }
 
 }  // namespace
 
-Matrix3 NightLight(double kelvin) {
-  const Vector3 daylight = PlanckianRgb(kDaylightKelvin);
-  Vector3 gains = PlanckianRgb(kelvin);
+Mat3 NightLight(double kelvin) {
+  const Vec3 daylight = PlanckianRgb(kDaylightKelvin);
+  Vec3 gains = PlanckianRgb(kelvin);
   // Below about 1900 K the black body lies outside sRGB: no blue is the closest.
   for (size_t i = 0; i < 3; ++i) gains[i] = std::max(gains[i] / daylight[i], 0.0);
   const double largest = *std::max_element(gains.begin(), gains.end());
   for (double& gain : gains) gain /= largest;
-  return Diagonal(gains);
+  return tarn::color::Diagonal(gains);
 }
 
 }  // namespace zelctl

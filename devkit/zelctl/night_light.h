@@ -1,7 +1,7 @@
 // Night light: the white of a black body instead of daylight.
 #pragma once
 
-#include "devkit/zelctl/matrix3.h"
+#include "devkit/reference/color/matrix.h"
 
 namespace zelctl {
 
@@ -11,6 +11,6 @@ inline constexpr double kMaxKelvin = 25000;
 // Gains of red, green and blue in linear light that move the white from
 // 6504 K (gains of 1) to `kelvin`, from kMinKelvin to kMaxKelvin; the largest
 // of the three is 1.
-Matrix3 NightLight(double kelvin);
+tarn::color::Mat3 NightLight(double kelvin);
 
 }  // namespace zelctl

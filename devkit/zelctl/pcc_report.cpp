@@ -1,13 +1,11 @@
 #include "devkit/zelctl/pcc_report.h"
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstdio>
 
 #include "devkit/zelctl/block_json.h"
 #include "devkit/zelctl/text_table.h"
-#include "plugin/names.h"
 
 namespace zelctl {
 namespace {
@@ -35,16 +33,6 @@ void AddRow(std::vector<std::string> cells, const PccRow& row, TextTable* table)
 }
 
 }  // namespace
-
-std::optional<velaricolor::PccPostBlendConfig> CopyPcc(
-    const velaricolor::HwConfigOutputParams& output) {
-  const auto found = std::find_if(
-      output.payloads.begin(), output.payloads.end(),
-      [](const auto& payload) { return payload.hw_block == velaricolor::kPostBlendPCC; });
-  if (found == output.payloads.end()) return std::nullopt;
-  const auto* record = RecordOf<velaricolor::PccPostBlendConfig>(*found);
-  return record == nullptr ? std::nullopt : std::optional(*record);
-}
 
 Json PccRoundsJson(const std::vector<PccRound>& rounds) {
   Json list = Json::array();

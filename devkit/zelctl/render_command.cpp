@@ -1,4 +1,3 @@
-#include <functional>
 #include <iostream>
 #include <memory>
 #include <optional>
@@ -7,8 +6,11 @@
 #include "devkit/zelctl/block_report.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/mode_selection.h"
+#include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/pcc_report.h"
 #include "devkit/zelctl/render_options.h"
+#include "devkit/zelctl/render_picture.h"
+#include "devkit/zelctl/rounds.h"
 
 namespace zelctl {
 namespace {
@@ -19,81 +21,56 @@ struct RenderArguments {
   bool steps = false;
   uint32_t repeat = 1;
   RenderOptions options;
+  std::string image;  // empty: no picture
+  std::string image_output;
 };
-
-// One call of the render-intent operation and what is set before it.
-struct Round {
-  std::string label;
-  std::function<void(HostSession*)> prepare;
-  size_t mode = 0;
-};
-
-// What changes the PCC block, in the order in which the plug-in composes it.
-std::vector<Round> ColorSettings(const RenderOptions& options, size_t mode) {
-  std::vector<Round> settings;
-  if (options.color_transform) {
-    settings.push_back({"+ transform",
-                        [&options](HostSession* session) {
-                          session->Set(velaricolor::kVcColorTransform, *options.color_transform);
-                        },
-                        mode});
-  }
-  if (options.ltm) {
-    settings.push_back({"+ LTM",
-                        [&options](HostSession* session) {
-                          session->Set(velaricolor::kVcLtmPccConfig, *options.ltm);
-                        },
-                        mode});
-  }
-  if (options.dimming) {
-    settings.push_back({"+ dimming",
-                        [&options](HostSession* session) {
-                          session->Set(velaricolor::kVcDimmingPcc, *options.dimming);
-                        },
-                        mode});
-  }
-  return settings;
-}
 
 std::vector<Round> PlanRounds(const RenderArguments& arguments,
                               const velaricolor::ColorModeList& list) {
-  const auto nothing = [](HostSession*) {};
   const size_t mode = SelectMode(list, arguments.mode);
   std::vector<Round> rounds;
   if (arguments.from) {
     const size_t from = SelectMode(list, *arguments.from);
-    rounds.push_back({list.modes[from].label, nothing, from});
+    rounds.push_back({list.modes[from].label, nullptr, from});
   }
-  const std::vector<Round> settings = ColorSettings(arguments.options, mode);
   if (arguments.steps) {
-    rounds.push_back({list.modes[mode].label, nothing, mode});
-    rounds.insert(rounds.end(), settings.begin(), settings.end());
+    const std::vector<Round> steps = StepByStep(arguments.options, list, mode);
+    rounds.insert(rounds.end(), steps.begin(), steps.end());
     return rounds;
   }
-  const auto set_all = [settings](HostSession* session) {
+  const auto set_all = [settings = ColorSettings(arguments.options, mode)](HostSession* session) {
     for (const Round& setting : settings) setting.prepare(session);
   };
   for (uint32_t i = 1; i <= arguments.repeat; ++i) {
     const std::string count = arguments.repeat > 1 ? " #" + std::to_string(i) : "";
-    rounds.push_back(
-        {list.modes[mode].label + count, i == 1 ? set_all : std::function(nothing), mode});
+    rounds.push_back({list.modes[mode].label + count, nullptr, mode});
+    if (i == 1) rounds.back().prepare = set_all;
   }
   return rounds;
 }
 
+void RenderImage(const RenderArguments& arguments, Picture picture,
+                 const velaricolor::HwConfigOutputParams& output) {
+  const BlockPipeline pipeline(output, arguments.options.igc.BitDepth(),
+                               arguments.options.gc.BitDepth());
+  SendThrough(pipeline, &picture);
+  WriteOutput(arguments.image_output, EncodePng(picture));
+}
+
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
+  std::optional<Picture> picture;
+  if (!arguments.image.empty()) {
+    RequireEnding(arguments.image_output, {".png"});
+    picture = ReadPng(arguments.image);
+  }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
   const std::vector<Round> rounds = PlanRounds(arguments, list);
   ApplySizesAndNotifications(arguments.options, &session);
 
   velaricolor::HwConfigOutputParams output;
-  std::vector<PccRound> pcc;
-  for (const Round& round : rounds) {
-    round.prepare(&session);
-    session.Process(velaricolor::kVcModeRenderIntent, list.modes[round.mode], &output);
-    pcc.push_back({round.label, CopyPcc(output)});
-  }
+  const std::vector<PccRound> pcc = RunRounds(rounds, list, &session, &output);
+  if (picture) RenderImage(arguments, *std::move(picture), output);
 
   const size_t mode = rounds.back().mode;
   if (globals.json) {
@@ -129,9 +106,24 @@ void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
       ->add_flag("--steps", arguments->steps,
                  "Render after each of colour transform, LTM and dimming")
       ->excludes(repeat);
+  auto* image = command
+                    ->add_option("--image", arguments->image,
+                                 "Send this PNG picture through IGC, gamut, PCC and GC")
+                    ->type_name("IN.png");
+  auto* image_output =
+      command->add_option("-o,--output", arguments->image_output, "Where that picture goes")
+          ->type_name("OUT.png");
+  image->needs(image_output);
+  image_output->needs(image);
   command->footer(
       "The second table shows the PCC block after each call: per output channel its offset (in\n"
-      "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.");
+      "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.\n"
+      "\n"
+      "A picture's values are the mode's signal, 8 bits per channel (a file that states a gamma\n"
+      "of its own is read as sRGB). Those of the output picture are what the panel is driven with\n"
+      "after the last call: shown on the panel itself, with no colour management, they look like\n"
+      "the mode. Alpha is kept. At the default table sizes the darkest codes become black, as\n"
+      "they do on a device; --igc-bits 16 tells them apart.");
   command->callback([&globals, arguments] { RunRender(globals, *arguments); });
 }
 

@@ -47,17 +47,19 @@ void AddRenderOptions(CLI::App& command, RenderOptions* options) {
   AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp);
   AddParsedOption(command, "--dimming", &options->dimming, "F", ParseNumber,
                   "Factor on the whole PCC block");
-  for (TableSize& size : options->table_sizes) AddTableSize(command, &size);
+  for (TableSize* size : {&options->igc, &options->gc, &options->gamut}) {
+    AddTableSize(command, size);
+  }
   command.add_flag("--calibration", options->calibration, "Announce the calibration mode first");
 }
 
 void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session) {
   if (options.calibration) session->Notify(velaricolor::kVcDisplayCalibrationMode);
-  for (const TableSize& size : options.table_sizes) {
-    if (!size.entries && !size.bits) continue;
-    session->Set(size.property, velaricolor::PostBlendHwConfig{
-                                    .num_of_entries = size.entries.value_or(size.usual_entries),
-                                    .bit_depth = size.bits.value_or(size.usual_bits)});
+  for (const TableSize* size : {&options.igc, &options.gc, &options.gamut}) {
+    if (!size->entries && !size->bits) continue;
+    session->Set(size->property, velaricolor::PostBlendHwConfig{
+                                     .num_of_entries = size->entries.value_or(size->usual_entries),
+                                     .bit_depth = size->BitDepth()});
   }
 }
 

@@ -1,8 +1,7 @@
-// What `render` sets on the plug-in before it renders.
+// What `render` and `plot` set on the plug-in before they render.
 #pragma once
 
 #include <CLI/App.hpp>
-#include <array>
 #include <optional>
 
 #include "devkit/zelctl/host_session.h"
@@ -21,14 +20,14 @@ struct TableSize {
   uint32_t max_entries;
   std::optional<uint32_t> entries = {};
   std::optional<uint32_t> bits = {};
+
+  uint32_t BitDepth() const { return bits.value_or(usual_bits); }
 };
 
 struct RenderOptions {
-  std::array<TableSize, 3> table_sizes = {{
-      {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, 257, 12, kMaxGammaEntries},
-      {"gc", velaricolor::kVcPostBlendGammaHwConfig, 1024, 10, kMaxGammaEntries},
-      {"gamut", velaricolor::kVcPostBlendGamutHwConfig, 17, 12, UINT32_MAX},
-  }};
+  TableSize igc = {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, 257, 12, kMaxGammaEntries};
+  TableSize gc = {"gc", velaricolor::kVcPostBlendGammaHwConfig, 1024, 10, kMaxGammaEntries};
+  TableSize gamut = {"gamut", velaricolor::kVcPostBlendGamutHwConfig, 17, 12, UINT32_MAX};
   bool calibration = false;
   std::optional<velaricolor::ColorTransformMatrix> color_transform;
   std::optional<velaricolor::PccPostBlendConfig> ltm;

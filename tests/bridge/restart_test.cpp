@@ -1,35 +1,28 @@
 // Initialising again, de-initialising, destroying.
-#include <memory>
-
-#include "pcc/pcc_config.h"
-#include "tests/support/plugin_host.h"
+#include "tests/support/pcc.h"
 
 namespace {
 
-class Restart : public PluginTest {
+class Restart : public PccTest {
  protected:
   void SetUp() override { Start(); }
 
-  std::vector<std::string> Labels() {
+  Lines Labels() {
     velaricolor::ColorModeList list;
     EXPECT_EQ(Get(velaricolor::kVcModesList, &list), 0);
-    std::vector<std::string> labels;
+    Lines labels;
     for (const auto& mode : list.modes) labels.push_back(mode.label);
     return labels;
   }
 
   // Renders an enabled PCC block with an LTM matrix; tells whether it was merged.
   bool Merges() {
-    auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
-    pcc->enable = true;
-    Parser().blocks = {Block("PostBlendPCC", pcc)};
-    auto ltm = velaricolor::PccPostBlendConfig();
-    ltm.enable = true;
-    EXPECT_EQ(Set(velaricolor::kVcLtmPccConfig, ltm), 0);
+    ParserAnswers({}, true);
+    SetLtm({});
     velaricolor::HwConfigOutputParams output;
-    Algo().merges = 0;
+    Algo().merges.clear();
     EXPECT_EQ(Render(&output), 0);
-    return Algo().merges != 0;
+    return !Algo().merges.empty();
   }
 };
 
@@ -75,9 +68,7 @@ TEST_F(Restart, DeInitKeepsObjectsAndSettings) {
   EXPECT_EQ(Platform().TakeEvents(),
             (Lines{"parser DeInit", "algo DeInit", "parser DeInit", "algo DeInit"}));
   ASSERT_EQ(Init(), 0);
-  bool needs_update = false;
-  EXPECT_EQ(Get(velaricolor::kVcNeedsUpdate, &needs_update), 0);
-  EXPECT_TRUE(needs_update);
+  EXPECT_TRUE(NeedsUpdate());
   EXPECT_EQ(Plugin().DeInit(), 0);
   Platform().TakeEvents();
   Unload();

@@ -11,46 +11,49 @@ namespace {
 class Getters : public PluginTest {};
 
 TEST_F(Getters, AnswerOnlyTheExactLength) {
-  Start();
   const struct {
     uint32_t prop;
     const char* name;
     uint32_t len;
-    std::vector<uint32_t> wrong;
     int answer;  // of a flag
-  } cases[] = {{2, "GetNeedsUpdate", 1, {0, 2, 8}, 0},
-               {9, "GetSupportTonemap", 1, {0, 2, 8}, 0},
-               {2054, "GetDimmingSupport", 1, {0, 2, 8}, 1},
-               {2048, "GetSupportHwAssets", 24, {0, 23, 25, 32}, -1},
-               {14, "GetPbDitheHwConfig", 32, {0, 24, 31, 33}, -1}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    std::array<uint8_t, 64> record;
-    record.fill(0x5A);
-    const auto untouched = record;
-    const auto refused = [&](uint32_t len, std::array<uint8_t, 64>* address) {
-      EXPECT_EQ(Get(c.prop, address, len), -22) << len;
-      EXPECT_EQ(Platform().TakeLog(),
-                Lines{std::string("E ") + c.name + ": len of Input params act " +
-                      std::to_string(len) + " exp " + std::to_string(c.len)});
-    };
-    for (const uint32_t wrong : c.wrong) refused(wrong, &record);
-    refused(c.len, nullptr);
-    EXPECT_EQ(record, untouched);
-    if (c.answer < 0) continue;
-    EXPECT_EQ(Get(c.prop, &record, c.len), 0);
-    EXPECT_EQ(record[0], c.answer);
-    record[0] = 0x5A;
-    EXPECT_EQ(record, untouched);
+  } cases[] = {{2, "GetNeedsUpdate", 1, 0},
+               {9, "GetSupportTonemap", 1, 0},
+               {2054, "GetDimmingSupport", 1, 1},
+               {2048, "GetSupportHwAssets", 24, -1},
+               {14, "GetPbDitheHwConfig", 32, -1}};
+  for (const bool modes : {true, false}) {
+    if (!modes) Parser().modes.clear();
+    Start();
+    for (const auto& c : cases) {
+      SCOPED_TRACE(c.name);
+      std::array<uint8_t, 64> record;
+      record.fill(0x5A);
+      const auto untouched = record;
+      const auto refused = [&](uint32_t len, std::array<uint8_t, 64>* address) {
+        EXPECT_EQ(Get(c.prop, address, len), -22) << len;
+        EXPECT_EQ(Platform().TakeLog(),
+                  Lines{std::string("E ") + c.name + ": len of Input params act " +
+                        std::to_string(len) + " exp " + std::to_string(c.len)});
+      };
+      for (const uint32_t wrong : {c.len - 1, c.len + 1, 8 * c.len}) refused(wrong, &record);
+      refused(c.len, nullptr);
+      EXPECT_EQ(record, untouched);
+      if (c.answer < 0) continue;
+      EXPECT_EQ(Get(c.prop, &record, c.len), 0);
+      EXPECT_EQ(record[0], c.answer);
+      record[0] = 0x5A;
+      EXPECT_EQ(record, untouched);
+    }
+    EXPECT_TRUE(Platform().TakeEvents().empty());
   }
-  EXPECT_TRUE(Platform().TakeEvents().empty());
 
   Lines assets = {"left", "over"};
-  for (const char* time : {"first", "second"}) {
-    SCOPED_TRACE(time);
-    EXPECT_EQ(Get(velaricolor::kVcSupportHwAssets, &assets), 0);
-    EXPECT_EQ(assets, (Lines{"PostBlendGamut", "PostBlendIGC", "PostBlendGC"}));
-  }
+  EXPECT_EQ(Get(velaricolor::kVcSupportHwAssets, &assets), 0);
+  EXPECT_EQ(assets, (Lines{"PostBlendGamut", "PostBlendIGC", "PostBlendGC"}));
+  HwConfigOutputParams dither;
+  EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &dither), 0);
+  EXPECT_TRUE(dither.payloads.empty());
+  EXPECT_TRUE(Platform().TakeEvents().empty());
 }
 
 TEST_F(Getters, ConvertTheParsersDither) {
@@ -58,36 +61,22 @@ TEST_F(Getters, ConvertTheParsersDither) {
   const auto pa_dither =
       Block("PostBlendPaDither", std::make_shared<tarn::PaDitherPostBlendConfig>());
   const auto unknown = Block("PostBlendMixerGc", std::make_shared<tarn::DitherPostBlendConfig>());
-  const std::string failed = "E GetPbDitheHwConfig: Failed to get global dither hw config, ret ";
+  const std::string failed = "E GetPbDitheHwConfig: Failed to get global dither hw config, ret 3";
+  const std::string version = "E VersionCheck: invalid version 31 expected 32";
   const std::string unconverted =
       "E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output";
   const struct {
-    const char* name;
     std::vector<tarn::HwConfigPayload> blocks;
     int parsers_result;
     uint32_t host_version;
     int result;
     Lines log;
-    Lines converted;
+    std::string names;  // in the host's list
   } cases[] = {
-      {"both", {dither, pa_dither}, 0, 32, 0, {}, {"PostBlendDither", "PostBlendPaDither"}},
-      {"none", {}, 0, 32, 0, {}, {}},
-      {"parser fails", {dither}, -7, 32, -7, {failed + "-7"}, {}},
-      {"parser fails oddly", {dither}, 3, 32, 3, {failed + "3"}, {}},
-      {"unknown block",
-       {dither, unknown, pa_dither},
-       0,
-       32,
-       -22,
-       {unconverted},
-       {"PostBlendDither"}},
-      {"host's version",
-       {dither},
-       0,
-       31,
-       -22,
-       {"E VersionCheck: invalid version 31 expected 32", unconverted},
-       {}},
+      {{dither, pa_dither}, 0, 32, 0, {}, "kept PostBlendDither PostBlendPaDither "},
+      {{dither}, 3, 32, 3, {failed}, "kept "},
+      {{dither, unknown, pa_dither}, 0, 32, -22, {unconverted}, "kept PostBlendDither "},
+      {{dither}, 0, 31, -22, {version, unconverted}, "kept "},
   };
   Start();
   uint32_t asked_version = 0;
@@ -95,7 +84,7 @@ TEST_F(Getters, ConvertTheParsersDither) {
     asked_version = static_cast<const tarn::HwConfigOutputParams*>(Parser().out.payload)->version;
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
+    SCOPED_TRACE(testing::PrintToString(c.log) + std::to_string(c.blocks.size()));
     Parser().dither = c.blocks;
     Parser().dither_result = c.parsers_result;
     HwConfigOutputParams output = {.version = c.host_version, .payloads = {{.hw_block = "kept"}}};
@@ -104,20 +93,8 @@ TEST_F(Getters, ConvertTheParsersDither) {
     EXPECT_EQ(Platform().TakeEvents(), Lines{"parser GetProperty 12"});
     EXPECT_EQ(EnvelopeOf(Parser().out), (Envelope{24, 32, 12}));
     EXPECT_EQ(asked_version, 32U);
-    Lines names;
-    for (const auto& payload : output.payloads) names.push_back(payload.hw_block);
-    Lines expected = c.converted;
-    expected.insert(expected.begin(), "kept");
-    EXPECT_EQ(names, expected);
+    EXPECT_EQ(NamesOf(output), c.names);
   }
-  Parser().during_call = nullptr;
-  Parser().modes.clear();
-  ASSERT_EQ(Init(), 0);
-  Platform().TakeEvents();
-  HwConfigOutputParams output;
-  EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
-  EXPECT_TRUE(output.payloads.empty());
-  EXPECT_TRUE(Platform().TakeEvents().empty());
 }
 
 }  // namespace

@@ -6,9 +6,8 @@
 #include <utility>
 
 #include "convert/dither_config.h"
-#include "handlers/color_transform_matrix.h"
-#include "pcc/pcc_config.h"
-#include "tests/support/plugin_host.h"
+#include "tests/support/bytes.h"
+#include "tests/support/pcc.h"
 
 using velaricolor::DitherPostBlendConfig;
 using velaricolor::HwConfigOutputParams;
@@ -27,12 +26,6 @@ class ModeOp : public PluginTest, public testing::WithParamInterface<velaricolor
   int Run(HwConfigOutputParams* output) {
     return PluginTest::Run(GetParam(), ModeRenderInputParams(), output);
   }
-
-  bool NeedsUpdate() {
-    bool needs_update = false;
-    EXPECT_EQ(Get(velaricolor::kVcNeedsUpdate, &needs_update), 0);
-    return needs_update;
-  }
 };
 INSTANTIATE_TEST_SUITE_P(, ModeOp, testing::Values(kVcModeRenderIntent, kVcModeSwAssets));
 
@@ -46,12 +39,6 @@ tarn::HwConfigPayload PaDither() {
   return Block("PostBlendPaDither", std::make_shared<tarn::PaDitherPostBlendConfig>());
 }
 
-std::string NamesOf(const HwConfigOutputParams& output) {
-  std::string names;
-  for (const auto& payload : output.payloads) names += payload.hw_block + " ";
-  return names;
-}
-
 TEST_P(ModeOp, RefusesMalformedRecordsUnlessThereAreNoModes) {
   struct Side {
     uint32_t len;
@@ -61,9 +48,7 @@ TEST_P(ModeOp, RefusesMalformedRecordsUnlessThereAreNoModes) {
   const std::string lengths = "E Process" + Name() + ": len of Input params exp 2912 act ";
   const std::string check = "E VersionCheck: ";
   const std::tuple<Side, Side, std::string> cases[] = {
-      {{2911, 2912}, {32, 32}, lengths + "2911 output exp 32 act 32"},
       {{2913, 2912}, {32, 32}, lengths + "2913 output exp 32 act 32"},
-      {{2912, 2912}, {31, 32}, lengths + "2912 output exp 32 act 31"},
       {{2912, 2912}, {33, 32}, lengths + "2912 output exp 32 act 33"},
       {{1, 0, false}, {2, 0, false}, lengths + "1 output exp 32 act 2"},
       {{2912, 0, false}, {32, 31}, check + "Invalid params : p (nil)K"},
@@ -119,10 +104,10 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
   VcPayload out = {.version = 25, .len = 32, .prop = 99, .payload = &output};
   EXPECT_EQ(Plugin().ProcessOps(GetParam(), in, &out), 0);
 
-  EXPECT_EQ(Parser().op, Renders() ? 0 : 1);
-  for (const auto& [envelope, len] : {std::pair{Parser().in, 2912U}, {Parser().out, 32U}}) {
-    EXPECT_EQ(std::tie(envelope.version, envelope.len, envelope.prop), (std::tuple{24U, len, 0U}));
-  }
+  EXPECT_EQ(Platform().TakeEvents(),
+            Lines{Renders() ? "parser ProcessOps 0" : "parser ProcessOps 1"});
+  EXPECT_EQ(EnvelopeOf(Parser().in), (Envelope{24, 2912, 0}));
+  EXPECT_EQ(EnvelopeOf(Parser().out), (Envelope{24, 32, 0}));
   EXPECT_EQ(padding, std::string(11, '\0'));
   const tarn::ModeRenderInputParams& seen = Parser().request;
   EXPECT_EQ(seen.version, 2912U);
@@ -190,48 +175,25 @@ TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
             (Lines{"E VersionCheck: invalid version 55 expected 56", kNotConverted}));
 }
 
-class ColourState : public PluginTest {};
+class ColourState : public PccTest {};
 
-TEST_F(ColourState, IsAppliedByRenderIntentOnly) {
+TEST_F(ColourState, IsAppliedByRenderIntentOnlyEvenWhereTheParserFails) {
   Start();
-  const auto names_from = [&](velaricolor::VcOps op) {
-    HwConfigOutputParams output;
-    EXPECT_EQ(Run(op, ModeRenderInputParams(), &output), 0);
-    return NamesOf(output);
-  };
-  velaricolor::ColorTransformMatrix transform;
-  transform.matrix[0] = 0.5F;
-  auto ltm = velaricolor::PccPostBlendConfig();
-  ltm.enable = true;
+  const velaricolor::ColorTransformMatrix transform = {.matrix = {0.5F}};
   EXPECT_EQ(Set(velaricolor::kVcColorTransform, transform), 0);
-  EXPECT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
-  EXPECT_EQ(Set(velaricolor::kVcLtmPccConfig, ltm), 0);
-  EXPECT_EQ(names_from(kVcModeSwAssets), "");
-
-  auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
-  pcc->coeffs.r[1] = 0.75;
-  Parser().blocks = {Block("PostBlendPCC", pcc)};
+  SetLtm({});
+  ParserAnswers({{}, {0, 0.75}, {}, {}}, false);
   HwConfigOutputParams assets;
-  EXPECT_EQ(Run(kVcModeSwAssets, ModeRenderInputParams(), &assets), 0);
-  const auto* block = RecordNamed<velaricolor::PccPostBlendConfig>(assets, "PostBlendPCC");
-  ASSERT_NE(block, nullptr);
-  EXPECT_FALSE(block->enable);
-  EXPECT_EQ(block->coeffs.r[1], 0.75);
+  EXPECT_EQ(Run(kVcModeSwAssets, {}, &assets), 0);
+  EXPECT_FALSE(PccOf(assets)->enable);
+  EXPECT_EQ(PccOf(assets)->coeffs.r[1], 0.75);
 
-  // A failed parser doesn't keep the colour steps from running.
   Parser().blocks.clear();
   Parser().process_result = -5;
-  EXPECT_EQ(names_from(kVcModeRenderIntent), "PostBlendPCC ");
-  EXPECT_EQ(Algo().merges, 1);
-  Parser().process_result = 0;
-
-  // The one call that follows LTM's end is the next render intent.
-  EXPECT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix()), 0);
-  ltm.enable = false;
-  EXPECT_EQ(Set(velaricolor::kVcLtmPccConfig, ltm), 0);
-  EXPECT_EQ(names_from(kVcModeSwAssets), "");
-  EXPECT_EQ(names_from(kVcModeRenderIntent), "PostBlendPCC ");
-  EXPECT_EQ(names_from(kVcModeRenderIntent), "");
+  HwConfigOutputParams output;
+  EXPECT_EQ(Render(&output), 0);
+  EXPECT_EQ(NamesOf(output), "PostBlendPCC ");
+  EXPECT_EQ(Algo().merges.size(), 1U);
 }
 
 }  // namespace

@@ -34,14 +34,11 @@ TEST_F(Attenuation, ScalesEveryTermAndEnables) {
 }
 
 TEST_F(Attenuation, TakesTheBlockAsItStands) {
-  Platform().log_level = "2";
   Start();
   ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
   HwConfigOutputParams output;
   output.payloads = {{.hw_block = "PostBlendPCC", .len = 3}};
   ASSERT_EQ(Render(&output), 0);
-  EXPECT_EQ(Platform().TakeLog().back(),
-            "I ApplyPccAttenuationFactor: no pcc matrix in output_params");
   EXPECT_EQ(output.payloads[0].payload, nullptr);
   EXPECT_EQ(output.payloads[0].len, 3U);
 

@@ -4,12 +4,28 @@
 #include <sys/prctl.h>
 
 #include <array>
+#include <new>
+#include <sstream>
 
+#include "tests/support/allocations.h"
 #include "tests/support/fake_platform.h"
 
 namespace {
 
-void Note(const std::string& event) { Platform().events.push_back(event); }
+template <typename... Parts>
+void Note(const Parts&... parts) {
+  const Spared spared;
+  std::ostringstream event;
+  (event << ... << parts);
+  Platform().events.push_back(event.str());
+}
+
+// A call, for which the library needs memory.
+template <typename... Parts>
+void NoteCall(const Parts&... parts) {
+  Note(parts...);
+  ::operator delete(::operator new(1));
+}
 
 template <typename T>
 T& RecordIn(const tarn::TarnPayload& envelope) {
@@ -21,7 +37,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   ~ScriptedParser() override { Note("delete parser"); }
 
   int Init(const std::string& arg) override {
-    Note("parser Init " + arg);
+    NoteCall("parser Init ", arg);
     std::array<char, 16> name = {};
     prctl(PR_GET_NAME, name.data());
     Parser().thread_name = name.data();
@@ -30,19 +46,20 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   }
 
   int DeInit() override {
-    Note("parser DeInit");
+    NoteCall("parser DeInit");
     return Finish(-1);  // ignored
   }
 
   int SetProperty(const tarn::TarnPayload& payload) override {
-    Note("parser SetProperty " + std::to_string(payload.prop));
+    NoteCall("parser SetProperty ", payload.prop);
+    const Spared spared;
     Parser().in = payload;
     Parser().dimensions = RecordIn<tarn::PostBlendHwConfig>(payload);
     return Finish(Parser().set_result);
   }
 
   int GetProperty(tarn::TarnPayload* payload) override {
-    Note("parser GetProperty " + std::to_string(payload->prop));
+    NoteCall("parser GetProperty ", payload->prop);
     Parser().out = *payload;
     if (payload->prop == tarn::kZelModesList) {
       RecordIn<tarn::ColorModeList>(*payload).modes = Parser().modes;
@@ -53,11 +70,13 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   }
 
   int ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) override {
-    Note("parser ProcessOps " + std::to_string(op));
-    Parser().op = op;
+    NoteCall("parser ProcessOps ", op);
     Parser().in = in;
     Parser().out = *out;
-    Parser().request = RecordIn<tarn::ModeRenderInputParams>(in);
+    {
+      const Spared spared;
+      Parser().request = RecordIn<tarn::ModeRenderInputParams>(in);
+    }
     RecordIn<tarn::HwConfigOutputParams>(*out).payloads = Parser().blocks;
     return Finish(Parser().process_result);
   }
@@ -74,50 +93,46 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
   ~ScriptedAlgo() override { Note("delete algo"); }
 
   int Init(const std::string& arg) override {
-    Note("algo Init " + arg);
+    NoteCall("algo Init ", arg);
     return Algo().init_result;
   }
 
   int DeInit() override {
-    Note("algo DeInit");
+    NoteCall("algo DeInit");
     return -1;  // ignored
   }
 
-  int SetProperty(const tarn::TarnPayload& /*payload*/) override {
-    return Unexpected("SetProperty");
-  }
-  int GetProperty(tarn::TarnPayload* /*payload*/) override { return Unexpected("GetProperty"); }
+  int SetProperty(const tarn::TarnPayload& /*payload*/) override { return kUnexpected; }
+  int GetProperty(tarn::TarnPayload* /*payload*/) override { return kUnexpected; }
 
   int ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) override {
-    if (op != tarn::kZelPccMerge) return Unexpected("ProcessOps");
+    if (op != tarn::kZelPccMerge) return kUnexpected;
+    NoteCall("algo ProcessOps ", op);
+    const Spared spared;
     Algo().in = in;
     Algo().out = *out;
-    Algo().operands = RecordIn<tarn::PccMergeInput>(in);
     Algo().blank = RecordIn<tarn::PccMergeOutput>(*out);
-    ++Algo().merges;
-    RecordIn<tarn::PccMergeOutput>(*out).result = Algo().merged;
+    RecordIn<tarn::PccMergeOutput>(*out).result = Algo().merged[Algo().merges.size() % 2];
+    Algo().merges.push_back(RecordIn<tarn::PccMergeInput>(in));
     return Algo().merge_result;
   }
 
  private:
-  static int Unexpected(const std::string& call) {
-    Note("algo unexpected " + call);
-    return -1;
-  }
+  static constexpr int kUnexpected = -1;
 };
-
-std::string FactoryEvent(const std::string& library, int major, int minor) {
-  return library + " factory " + std::to_string(major) + " " + std::to_string(minor);
-}
 
 }  // namespace
 
+// Each event of a factory that makes objects stands for one that exists.
+
 tarn::ModeParserIntf* MakeFakeParser(int major_version, int minor_version) {
-  Note(FactoryEvent("parser", major_version, minor_version));
-  return Parser().makes_object ? new ScriptedParser : nullptr;
+  auto object = Parser().makes_object ? std::make_unique<ScriptedParser>() : nullptr;
+  Note("parser factory ", major_version, " ", minor_version);
+  return object.release();
 }
 
 tarn::TarnAlgoIntf* MakeFakeAlgo(int major_version, int minor_version) {
-  Note(FactoryEvent("algo", major_version, minor_version));
-  return Algo().makes_object ? new ScriptedAlgo : nullptr;
+  auto object = Algo().makes_object ? std::make_unique<ScriptedAlgo>() : nullptr;
+  Note("algo factory ", major_version, " ", minor_version);
+  return object.release();
 }

@@ -1,6 +1,7 @@
 // The two run-time libraries, as a test scripts and observes them.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <memory>
 #include <string>
@@ -29,7 +30,6 @@ struct FakeParser {
   // Observations of the last call that carried each.
   tarn::TarnPayload in;
   tarn::TarnPayload out;
-  tarn::ZelOps op = tarn::kZelPccMerge;
   tarn::ModeRenderInputParams request = tarn::ModeRenderInputParams();
   tarn::PostBlendHwConfig dimensions;
   std::string thread_name;  // during Init
@@ -40,13 +40,13 @@ struct FakeAlgo {
   bool makes_object = true;
   int init_result = 0;
   int merge_result = 0;
-  pcc_coeff_data merged = {};  // the answer
+  std::array<pcc_coeff_data, 2> merged = {};  // the answers, in turn
 
+  std::vector<tarn::PccMergeInput> merges;  // what each was asked
+  // Of the last one.
   tarn::TarnPayload in;
   tarn::TarnPayload out;
-  tarn::PccMergeInput operands;
   tarn::PccMergeOutput blank;  // the output record before the answer
-  int merges = 0;
 };
 
 // Those of the running test.

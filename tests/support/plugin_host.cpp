@@ -71,3 +71,15 @@ int PluginTest::Run(velaricolor::VcOps op, const velaricolor::ModeRenderInputPar
   velaricolor::VcPayload out = {.len = sizeof(*output), .payload = output};
   return plugin_->ProcessOps(op, in, &out);
 }
+
+bool PluginTest::NeedsUpdate() {
+  bool needs_update = false;
+  EXPECT_EQ(Get(velaricolor::kVcNeedsUpdate, &needs_update), velaricolor::kOk);
+  return needs_update;
+}
+
+std::string NamesOf(const velaricolor::HwConfigOutputParams& output) {
+  std::string names;
+  for (const auto& payload : output.payloads) names += payload.hw_block + " ";
+  return names;
+}

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -57,6 +58,7 @@ class PluginTest : public testing::Test {
   int Render(velaricolor::HwConfigOutputParams* output) {
     return Run(velaricolor::kVcModeRenderIntent, velaricolor::ModeRenderInputParams(), output);
   }
+  bool NeedsUpdate();
 
  private:
   std::unique_ptr<PluginLibrary> library_;
@@ -65,11 +67,15 @@ class PluginTest : public testing::Test {
 
 using Lines = std::vector<std::string>;
 
-// The typed record of the output's entry `name`, or null.
+// The blocks of `output`, each followed by a blank.
+std::string NamesOf(const velaricolor::HwConfigOutputParams& output);
+
+// The typed record of the output's entry `name`. Without one the test has failed.
 template <typename T>
 T* RecordNamed(const velaricolor::HwConfigOutputParams& output, const std::string& name) {
   for (const auto& payload : output.payloads) {
-    if (payload.hw_block == name) return static_cast<T*>(payload.payload.get());
+    if (payload.hw_block != name || payload.payload == nullptr) continue;
+    return static_cast<T*>(payload.payload.get());
   }
-  return nullptr;
+  throw std::runtime_error("no record of " + name);
 }

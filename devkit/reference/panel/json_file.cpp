@@ -6,6 +6,7 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sstream>
 #include <string_view>
 #include <vector>
 
@@ -37,7 +38,11 @@ std::string ReasonOf(const std::string& message) {
 // two equal keys, and tells the position of some errors only.
 class Checker : public nlohmann::json_sax<json> {
  public:
-  explicit Checker(std::string_view text) : text_(text) {}
+  // Throws PanelError unless `text` is good JSON.
+  static void Check(const std::string& text) {
+    Checker checker(text);
+    json::sax_parse(checker.stream_, &checker);
+  }
 
   bool null() override { return true; }
   bool boolean(bool /*value*/) override { return true; }
@@ -53,7 +58,7 @@ class Checker : public nlohmann::json_sax<json> {
 
   bool key(string_t& name) override {
     if (keys_.back().insert(name).second) return true;
-    throw PanelError("key " + json(name).dump() + " stands twice in one object");
+    Refuse("key " + ShownKey(name) + " stands twice in one object");
   }
 
   bool parse_error(size_t position, const std::string& /*token*/,
@@ -62,8 +67,16 @@ class Checker : public nlohmann::json_sax<json> {
   }
 
  private:
+  explicit Checker(const std::string& text) : text_(text), stream_(text) {}
+
+  // Of what has just been read.
+  [[noreturn]] void Refuse(const std::string& reason) {
+    const std::streamoff read = stream_.rdbuf()->pubseekoff(0, std::ios::cur, std::ios::in);
+    throw PanelError(LineOf(text_, static_cast<size_t>(read)) + ": " + reason);
+  }
+
   bool Enter() {
-    if (keys_.size() == kMaxDepth) throw PanelError("nested too deeply");
+    if (keys_.size() == kMaxDepth) Refuse("nested too deeply");
     keys_.emplace_back();
     return true;
   }
@@ -73,6 +86,7 @@ class Checker : public nlohmann::json_sax<json> {
   }
 
   std::string_view text_;
+  std::istringstream stream_;                // over the same text, as far as it has been read
   std::vector<std::set<std::string>> keys_;  // of the objects that are open
 };
 
@@ -93,9 +107,14 @@ std::string ReadText(const std::string& path) {
 
 json ReadJsonFile(const std::string& path) {
   const std::string text = ReadText(path);
-  Checker checker(text);
-  json::sax_parse(text, &checker);
+  Checker::Check(text);
   return json::parse(text);
+}
+
+std::string ShownKey(const std::string& key) {
+  constexpr size_t kMaxShown = 40;
+  const std::string quoted = json(key).dump(-1, ' ', true);
+  return quoted.size() <= kMaxShown ? quoted : quoted.substr(0, kMaxShown) + "...";
 }
 
 }  // namespace tarn::reference

@@ -8,7 +8,11 @@ namespace tarn::reference {
 
 // Throws PanelError, without the file's name, when the file can't be read, is
 // not JSON, repeats a key within an object, or nests deeper than any panel
-// description does.
+// description does. What is wrong within the text begins with its line.
 nlohmann::json ReadJsonFile(const std::string& path);
+
+// A key as an error shows it: quoted, escaped, cut short. Keys of a file may
+// hold anything and be of any length.
+std::string ShownKey(const std::string& key);
 
 }  // namespace tarn::reference

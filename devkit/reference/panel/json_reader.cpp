@@ -2,24 +2,20 @@
 
 #include <sstream>
 
+#include "devkit/reference/panel/json_file.h"
 #include "devkit/reference/panel/panel_error.h"
 
 namespace tarn::reference {
 namespace {
 
-// "expected a number from 0 to 1".
+// "expected a number from 0 to 1", "expected 1".
 template <typename T>
 std::string Expected(const char* what, T low, T high) {
   std::ostringstream text;
-  text << "expected " << what << " from " << low << " to " << high;
+  text << "expected ";
+  if (low != high) text << what << " from " << low << " to ";
+  text << high;
   return text.str();
-}
-
-// Keys of a file may hold anything and be of any length.
-std::string Shown(const std::string& key) {
-  constexpr size_t kMaxShown = 40;
-  const std::string quoted = nlohmann::json(key).dump(-1, ' ', true);
-  return quoted.size() <= kMaxShown ? quoted : quoted.substr(0, kMaxShown) + "...";
 }
 
 }  // namespace
@@ -99,7 +95,7 @@ int64_t ObjectReader::Integer(const std::string& key, int64_t low, int64_t high,
 
 void ObjectReader::Finish() const {
   for (const auto& entry : object_.value_->items()) {
-    if (!known_.contains(entry.key())) object_.Refuse("unknown key " + Shown(entry.key()));
+    if (!known_.contains(entry.key())) object_.Refuse("unknown key " + ShownKey(entry.key()));
   }
 }
 

@@ -55,8 +55,9 @@ const Table* FindTable(uint32_t prop) {
 
 std::string OutOfRange(const Table& table, const char* what, uint32_t value, uint32_t min,
                        uint32_t max) {
+  const std::string range = min == max ? "" : std::to_string(min) + " to ";
   return std::string(table.name) + " table: " + std::to_string(value) + " " + what + ", expected " +
-         std::to_string(min) + " to " + std::to_string(max);
+         range + std::to_string(max);
 }
 
 }  // namespace

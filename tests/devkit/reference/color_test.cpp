@@ -9,49 +9,40 @@
 namespace tarn::color {
 namespace {
 
-void ExpectNear(const Mat3& found, const Mat3& expected, double tolerance) {
-  for (size_t i = 0; i < 3; ++i) {
-    for (size_t j = 0; j < 3; ++j) {
-      EXPECT_NEAR(found[i][j], expected[i][j], tolerance) << "row " << i << " column " << j;
+TEST(Primaries, MatricesAreThePublishedOnes) {
+  const Mat3 srgb_to_bt2020 = {
+      {{0.6274, 0.3293, 0.0433}, {0.0691, 0.9195, 0.0114}, {0.0164, 0.0880, 0.8956}}};
+  struct Case {
+    const char* source;
+    Mat3 found;
+    Mat3 printed;
+    double tolerance = 1e-4;
+  };
+  for (const Case& c : {
+           Case{"IEC 61966-2-1, 5.2",
+                RgbToXyz(kSrgb),
+                {{{0.4124, 0.3576, 0.1805}, {0.2126, 0.7152, 0.0722}, {0.0193, 0.1192, 0.9505}}}},
+           {"SMPTE EG 432-1, annex: P3 with D65 white",
+            RgbToXyz(kDisplayP3),
+            {{{0.4866, 0.2657, 0.1982}, {0.2290, 0.6917, 0.0793}, {0.0000, 0.0451, 1.0439}}}},
+           {"SMPTE RP 431-2, annex: P3 with its own white",
+            RgbToXyz(kDciP3),
+            {{{0.4452, 0.2771, 0.1723}, {0.2095, 0.7216, 0.0689}, {0.0000, 0.0471, 0.9074}}}},
+           // ICC.1's D50 and D65 have more digits than the video standards' chromaticities.
+           {"ICC.1, Bradford from D65 to D50",
+            BradfordAdaptation(kD65, kD50),
+            {{{1.0478, 0.0229, -0.0501}, {0.0295, 0.9905, -0.0170}, {-0.0092, 0.0150, 0.7521}}},
+            1e-3},
+           {"ITU-R BT.2087, M2", ConversionMatrix(kSrgb, kBt2020, true), srgb_to_bt2020},
+           {"ITU-R BT.2087, M2", ConversionMatrix(kSrgb, kBt2020, false), srgb_to_bt2020},
+       }) {
+    for (size_t i = 0; i < 9; ++i) {
+      EXPECT_NEAR(c.found[i / 3][i % 3], c.printed[i / 3][i % 3], c.tolerance) << c.source << i;
     }
   }
-}
-
-TEST(Primaries, MatricesToXyzAreThePublishedOnes) {
-  // IEC 61966-2-1, 5.2.
-  ExpectNear(RgbToXyz(kSrgb),
-             {{{0.4124, 0.3576, 0.1805}, {0.2126, 0.7152, 0.0722}, {0.0193, 0.1192, 0.9505}}},
-             1e-4);
-  // SMPTE EG 432-1, annex: P3 with D65 white.
-  ExpectNear(RgbToXyz(kDisplayP3),
-             {{{0.4866, 0.2657, 0.1982}, {0.2290, 0.6917, 0.0793}, {0.0000, 0.0451, 1.0439}}},
-             1e-4);
-  // SMPTE RP 431-2, annex: P3 with its own white.
-  ExpectNear(RgbToXyz(kDciP3),
-             {{{0.4452, 0.2771, 0.1723}, {0.2095, 0.7216, 0.0689}, {0.0000, 0.0471, 0.9074}}},
-             1e-4);
-}
-
-TEST(Primaries, LuminanceWeightsAreThePublishedOnes) {
-  const Vec3 weights = LuminanceWeights(kBt2020);  // ITU-R BT.2020, table 4
-  EXPECT_NEAR(weights[0], 0.2627, 1e-4);
-  EXPECT_NEAR(weights[1], 0.6780, 1e-4);
-  EXPECT_NEAR(weights[2], 0.0593, 1e-4);
-}
-
-TEST(Primaries, BradfordFromD65ToD50IsThePublishedOne) {
-  // ICC.1's D50 and D65 have more digits than the chromaticities of the video standards.
-  ExpectNear(BradfordAdaptation(kD65, kD50),
-             {{{1.0478, 0.0229, -0.0501}, {0.0295, 0.9905, -0.0170}, {-0.0092, 0.0150, 0.7521}}},
-             1e-3);
-}
-
-TEST(Primaries, ConversionBetweenBt2020AndBt709IsThePublishedOne) {
-  // ITU-R BT.2087, M2.
-  const Mat3 to_2020 = {
-      {{0.6274, 0.3293, 0.0433}, {0.0691, 0.9195, 0.0114}, {0.0164, 0.0880, 0.8956}}};
-  ExpectNear(ConversionMatrix(kSrgb, kBt2020, true), to_2020, 1e-4);
-  ExpectNear(ConversionMatrix(kSrgb, kBt2020, false), to_2020, 1e-4);
+  const Vec3 weights = LuminanceWeights(kBt2020);
+  const Vec3 printed = {0.2627, 0.6780, 0.0593};  // ITU-R BT.2020, table 4
+  for (size_t i = 0; i < 3; ++i) EXPECT_NEAR(weights[i], printed[i], 1e-4);
 }
 
 TEST(Primaries, WhiteOfAConversion) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <utility>
 
 #include "convert/blob_config.h"
 #include "convert/dither_config.h"
@@ -40,17 +41,6 @@ class ModeParser : public testing::Test {
       }
     }
     return answer;
-  }
-
-  // Sends the valid envelopes of a render intent after `change` had them.
-  template <typename Change>
-  int RenderWith(Change change) {
-    tarn::ModeRenderInputParams request = {};
-    tarn::HwConfigOutputParams answer;
-    tarn::TarnPayload in = tarn::Wrap(&request);
-    tarn::TarnPayload out = tarn::Wrap(&answer);
-    change(&in, &request, &out, &answer);
-    return parser_->ProcessOps(tarn::kZelModeRenderIntent, in, &out);
   }
 
   std::unique_ptr<tarn::ModeParserIntf> parser_ = ModeParserLibrary().New();
@@ -129,7 +119,7 @@ TEST_F(ModeParser, TablesHaveTheHostsDimensions) {
     const auto* gc = BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendGC");
     for (const auto* list : {&igc->c0, &igc->c1, &igc->c2}) {
       EXPECT_EQ(list->size(), c.igc_entries);
-      EXPECT_EQ(list->front(), 0U);
+      if (c.igc_entries > 1) EXPECT_EQ(list->front(), 0U);
       EXPECT_EQ(list->back(), (uint64_t{1} << c.igc_bits) - 1);
     }
     for (const auto* list : {&gc->c0, &gc->c1, &gc->c2}) {
@@ -138,7 +128,7 @@ TEST_F(ModeParser, TablesHaveTheHostsDimensions) {
     }
   };
   check({257, 12, 1024, 10});
-  for (const Case& c : {Case{1024, 16, 2, 8}, {2, 1, 1024, 32}, {33, 32, 256, 1}}) {
+  for (const Case& c : {Case{1024, 16, 2, 8}, {2, 1, 1024, 32}, {33, 32, 256, 1}, {1, 12, 1, 10}}) {
     EXPECT_EQ(Dimension(tarn::kZelPostBlendInverseGammaHwConfig, c.igc_entries, c.igc_bits), 0);
     EXPECT_EQ(Dimension(tarn::kZelPostBlendGammaHwConfig, c.gc_entries, c.gc_bits), 0);
     check(c);
@@ -150,51 +140,58 @@ TEST_F(ModeParser, RefusedDimensionsChangeNothing) {
     tarn::ZelProperty prop;
     uint32_t entries, bits;
   };
-  for (const Case& c : {Case{tarn::kZelPostBlendInverseGammaHwConfig, 1, 12},
-                        {tarn::kZelPostBlendInverseGammaHwConfig, 1025, 12},
-                        {tarn::kZelPostBlendInverseGammaHwConfig, 257, 0},
-                        {tarn::kZelPostBlendGammaHwConfig, 0, 10},
-                        {tarn::kZelPostBlendGammaHwConfig, 1024, 33},
-                        {tarn::kZelPostBlendGamutHwConfig, 16, 12},
+  for (const Case& c : {Case{tarn::kZelPostBlendInverseGammaHwConfig, 0, 12},
+                        {tarn::kZelPostBlendGammaHwConfig, 1025, 10},
+                        {tarn::kZelPostBlendInverseGammaHwConfig, 33, 0},
+                        {tarn::kZelPostBlendGammaHwConfig, 33, 33},
                         {tarn::kZelPostBlendGamutHwConfig, 33, 12},
-                        {tarn::kZelPostBlendGamutHwConfig, 17, 0},
-                        {tarn::kZelModesList, 17, 12}}) {
+                        {tarn::kZelModesList, 17, 12},
+                        {tarn::kZelPostBlendGamutHwConfig, 16, 12}}) {
+    TakeLog();
     EXPECT_EQ(Dimension(c.prop, c.entries, c.bits), -22) << c.prop << " " << c.entries;
-    EXPECT_EQ(TakeLog().size(), 1U);
   }
+  EXPECT_EQ(TakeLog(),
+            std::vector<std::string>{"6 TARN-PARSER gamut table: 16 entries, expected 17"});
   const tarn::HwConfigOutputParams answer = Render("srgb");
-  EXPECT_EQ(BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendIGC")->c0.size(), 257U);
-  EXPECT_EQ(BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendIGC")->c0.back(), 4095U);
+  const auto& igc = BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendIGC")->c0;
+  EXPECT_EQ(igc.size(), 257U);
+  EXPECT_EQ(igc.back(), 4095U);
   EXPECT_EQ(BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendGC")->c0.size(), 1024U);
   EXPECT_EQ(Dimension(tarn::kZelPostBlendGamutHwConfig, 17, 16), 0);
 }
 
 TEST_F(ModeParser, RefusesEnvelopesThatAreNotExact) {
-  using In = tarn::TarnPayload*;
-  using Request = tarn::ModeRenderInputParams*;
-  using Answer = tarn::HwConfigOutputParams*;
-  EXPECT_EQ(RenderWith([](In, Request, In, Answer) {}), 0) << "the native mode is 0, 0, 0";
-  EXPECT_EQ(RenderWith([](In in, Request, In, Answer) { in->version = 25; }), -22);
-  EXPECT_EQ(RenderWith([](In in, Request, In, Answer) { in->len = 2911; }), -22);
-  EXPECT_EQ(RenderWith([](In in, Request, In, Answer) { in->prop = 1; }), -22);
-  EXPECT_EQ(RenderWith([](In in, Request, In, Answer) { in->payload = nullptr; }), -22);
-  EXPECT_EQ(RenderWith([](In, Request request, In, Answer) { request->version = 2908; }), -22);
-  EXPECT_EQ(RenderWith([](In, Request, In out, Answer) { out->len = 33; }), -22);
-  EXPECT_EQ(RenderWith([](In, Request, In out, Answer) { out->version = 0; }), -22);
-  EXPECT_EQ(RenderWith([](In, Request, In, Answer answer) { answer->version = 56; }), -22);
+  tarn::ModeRenderInputParams request = {};
+  tarn::HwConfigOutputParams answer;
+  tarn::TarnPayload in = tarn::Wrap(&request);
+  tarn::TarnPayload out = tarn::Wrap(&answer);
+  const auto render = [&] { return parser_->ProcessOps(tarn::kZelModeRenderIntent, in, &out); };
+  const auto refuses = [&](auto* field, uint32_t wrong) {
+    const auto right = std::exchange(*field, wrong);
+    EXPECT_EQ(render(), -22) << wrong;
+    *field = right;
+    EXPECT_EQ(TakeLog().size(), 1U) << wrong;
+  };
+  EXPECT_EQ(render(), 0) << "the native mode is 0, 0, 0";
+  refuses(&in.version, 25);
+  refuses(&in.len, 2911);
+  refuses(&in.prop, 1);
+  refuses(&request.version, 2908);
+  refuses(&out.len, 33);
+  refuses(&out.version, 0);
+  refuses(&answer.version, 56);
+  in.payload = nullptr;
+  EXPECT_EQ(render(), -22);
 
-  tarn::ColorModeList list;
+  tarn::ColorModeList list = {.version = 32, .modes = {}};
   tarn::TarnPayload payload = tarn::Wrap(&list, tarn::kZelModesList);
-  list.version = 32;
   EXPECT_EQ(parser_->GetProperty(&payload), -22);
-  list.version = 96;
   payload.prop = 2;
   EXPECT_EQ(parser_->GetProperty(&payload), -22);
   EXPECT_EQ(parser_->GetProperty(nullptr), -22);
-  EXPECT_TRUE(list.modes.empty());
   tarn::PostBlendHwConfig config;  // version 0
   EXPECT_EQ(parser_->SetProperty(tarn::Wrap(&config, tarn::kZelPostBlendGammaHwConfig)), -22);
-  EXPECT_EQ(TakeLog().size(), 12U) << "one line for each refusal";
+  EXPECT_EQ(TakeLog().size(), 5U) << "one line for each refusal";
 }
 
 TEST_F(ModeParser, RefusesUnknownModesAndOperations) {

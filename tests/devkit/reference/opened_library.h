@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
 
 #include "bridge/tarn_intf.h"
 #include "convert/hw_config_payload.h"
@@ -33,7 +36,7 @@ inline const OpenedLibrary<tarn::ModeParserIntf>& ModeParserLibrary() {
   return library;
 }
 
-// The typed record of the block `name`; null, and a failure, without it.
+// The typed record of the block `name`. Without it the test has failed.
 template <typename T>
 const T* BlockOf(const tarn::HwConfigOutputParams& answer, const std::string& name) {
   for (const tarn::HwConfigPayload& block : answer.payloads) {
@@ -43,8 +46,7 @@ const T* BlockOf(const tarn::HwConfigOutputParams& answer, const std::string& na
     EXPECT_EQ(record->version, sizeof(T)) << name;
     return record;
   }
-  ADD_FAILURE() << "no block " << name;
-  return nullptr;
+  throw std::runtime_error("no block " + name);
 }
 
 // Result of the operation `op` for the mode with the ids of `mode`.

@@ -66,38 +66,21 @@ TEST_F(PanelFile, WrongValues) {
   };
   const Case cases[] = {
       {"/format", "", "$: key \"format\" is missing"},
-      {"/format", "2", "$.format: expected an integer from 1 to 1"},
-      {"/name", "7", "$.name: expected a text"},
-      {"/panels", "{}", "$: unknown key \"panels\""},
+      {"/format", "2", "$.format: expected 1"},
       {"/a\nb", "1", "$: unknown key \"a\\nb\""},
-      {"/panel", "[]", "$.panel: expected an object"},
-      {"/panel/gamma", "2.2", "$.panel: unknown key \"gamma\""},
-      {"/panel/primaries", "\"srgb\"", "$.panel.primaries: expected an object"},
       {"/panel/primaries/blue", "", "$.panel.primaries: key \"blue\" is missing"},
-      {"/panel/primaries/white", "[0.3, 0.3]", "$.panel.primaries: unknown key \"white\""},
       {"/panel/primaries/red", "[0.64]", "$.panel.primaries.red: expected an array of 2"},
-      {"/panel/primaries/red", "[0.64, 0.33, 0.03]",
-       "$.panel.primaries.red: expected an array of 2"},
-      {"/panel/primaries/red/0", "1.5", "$.panel.primaries.red[0]: expected a number from 0 to 1"},
       {"/panel/primaries/red/0", "-0.1", "$.panel.primaries.red[0]: expected a number from 0 to 1"},
-      {"/panel/primaries/red/0", "\"0.64\"",
-       "$.panel.primaries.red[0]: expected a number from 0 to 1"},
       {"/panel/primaries/blue/1", "0",
        "$.panel.primaries.blue[1]: expected a number from 0.001 to 1"},
       {"/panel/primaries/red", "[0.7, 0.6]", "$.panel.primaries.red: x + y must not exceed 1"},
       {"/panel/primaries/green", "[0.395, 0.195]",
        "$.panel.primaries: red, green and blue lie on one line"},
-      {"/panel/primaries/green", "[0.64, 0.33]",
-       "$.panel.primaries: red, green and blue lie on one line"},
-      {"/panel/white", "\"D65\"", "$.panel.white: expected an array of 2"},
       {"/panel/white", "[0.3, 0.5]", "$.panel.white[1]: expected a number from 0.25 to 0.45"},
       {"/panel/white", "[0.2, 0.45]",
        "$.panel.white: white lies outside the triangle of the primaries"},
-      {"/panel/luminance", "500", "$.panel.luminance: expected an object"},
-      {"/panel/luminance/peak", "0", "$.panel.luminance.peak: expected a number from 1 to 10000"},
       {"/panel/luminance/black", "11", "$.panel.luminance.black: expected a number from 0 to 10"},
       {"/panel/transfer", "\"st2084\"", "$.panel.transfer: expected one of linear, srgb"},
-      {"/panel/transfer", "2.2", "$.panel.transfer: expected an object"},
       {"/panel/transfer", "{}", "$.panel.transfer: expected the key \"gamma\" or \"ramp\""},
       {"/panel/transfer", "{\"gamma\": 0.9}",
        "$.panel.transfer.gamma: expected a number from 1 to 4"},
@@ -112,52 +95,33 @@ TEST_F(PanelFile, WrongValues) {
       {"/panel/transfer", "{\"ramp\": [[0.1, 0], [1, 1]]}",
        "$.panel.transfer.ramp: signals must reach from 0 to 1"},
       {"/panel/bit_depth", "10.5", "$.panel.bit_depth: expected an integer from 6 to 16"},
-      {"/dither", "true", "$.dither: expected an object"},
       {"/dither", "{\"bits\": 0}", "$.dither.bits: expected an integer from 1 to 16"},
-      {"/dither", "{\"matrix\": [0, 1, 2]}", "$.dither.matrix: expected an array of 16"},
       {"/dither", "{\"matrix\": [0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,16]}",
        "$.dither.matrix[15]: expected an integer from 0 to 15"},
       {"/modes", "[]", "$.modes: expected an array with a length from 1 to 4096"},
       {"/modes/0/label", "\"\"", "$.modes[0].label: must not be empty"},
       {"/modes/0/gamut", "255", "$.modes[0].gamut: expected an integer from 0 to 254"},
-      {"/modes/0/gamma", "-1", "$.modes[0].gamma: expected an integer from 0 to 254"},
       {"/modes/0/intent", "18446744073709551615",
        "$.modes[0].intent: expected an integer from 0 to 65534"},
-      {"/modes/0/intent", "", "$.modes[0]: key \"intent\" is missing"},
       {"/modes/0/hw_assets", "[\"PostBlendIGC\", 3]", "$.modes[0].hw_assets[1]: expected a text"},
-      {"/modes/0/pcc", "[]", "$.modes[0]: unknown key \"pcc\""},
       {"/modes/1", R"({"label": "x", "gamut": 0, "gamma": 0, "intent": 0})",
        "$.modes[1]: has the ids of mode \"native\""},
       {"/modes/1", R"({"label": "native", "gamut": 0, "gamma": 0, "intent": 1})",
        "$.modes[1]: has the label of an earlier mode"},
-      {"/modes/0/target", "\"srgb\"", "$.modes[0].target: expected an object"},
       {"/modes/0/target", "{\"primaries\": \"sRGB\"}",
        "$.modes[0].target.primaries: expected one of bt2020, dcip3, display_p3, panel, srgb"},
-      {"/modes/0/target", "{\"white\": \"E\"}",
-       "$.modes[0].target.white: expected one of D50, D65, DCI, panel"},
       {"/modes/0/target", "{\"white\": [0.2, 0.45]}",
        "$.modes[0].target: white lies outside the triangle of the primaries"},
-      {"/modes/0/target", "{\"transfer\": \"pq\"}",
-       "$.modes[0].target.transfer: expected one of bt1886, hlg, linear, panel, srgb, st2084"},
       {"/modes/0/target", "{\"adaptation\": 1}",
        "$.modes[0].target.adaptation: expected true or false"},
-      {"/modes/0/target", "{\"gamut_mapping\": \"clip\"}",
-       "$.modes[0].target.gamut_mapping: expected one of desaturate, none"},
-      {"/modes/0/blocks", "{\"igc\": {}}", "$.modes[0].blocks: unknown key \"igc\""},
       {"/modes/0/blocks", "{\"de\": {\"params\": \"0g\"}}",
        "$.modes[0].blocks.de.params: expected hexadecimal digits, at character 0"},
       {"/modes/0/blocks", "{\"de\": {\"params\": \"012\"}}",
        "$.modes[0].blocks.de.params: expected two hexadecimal digits per byte"},
       {"/modes/0/blocks", "{\"pa\": {\"f_params\": [1, 2, 3, 1e39]}}",
        "$.modes[0].blocks.pa.f_params[3]: expected a number from -3.40282e+38 to 3.40282e+38"},
-      {"/modes/0/blocks", "{\"pa\": {\"sub_params\": [{}, {}]}}",
-       "$.modes[0].blocks.pa.sub_params: expected an array of 3"},
-      {"/modes/0/blocks", "{\"pa\": {\"sub_params\": [{}, {}, {\"triple\": []}]}}",
-       "$.modes[0].blocks.pa.sub_params[2]: unknown key \"triple\""},
       {"/modes/0/sw_assets", "{\"hdr_blob\": {}}",
        "$.modes[0].sw_assets.hdr_blob: expected either \"hex\" or \"text\""},
-      {"/modes/0/sw_assets", "{\"hdr_blob\": {\"enable\": true, \"text\": \"\"}}",
-       "$.modes[0].sw_assets.hdr_blob: unknown key \"enable\""},
   };
   for (const Case& c : cases) {
     json description = json::parse(kSmallest);
@@ -168,6 +132,23 @@ TEST_F(PanelFile, WrongValues) {
       description[pointer] = json::parse(c.value);
     }
     EXPECT_EQ(Refusal(description.dump()), c.refusal) << c.value;
+  }
+}
+
+// What holds for every value and object that there can be.
+TEST_F(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
+  std::ifstream file(PANELS "phone-oled.json");
+  const json phone = json::parse(file);
+  ASSERT_EQ(Refusal(phone.dump()), "");
+  for (const auto& leaf : phone.flatten().items()) {
+    json::json_pointer place(leaf.key());
+    json description = phone;
+    description[place] = nullptr;
+    EXPECT_EQ(Refusal(description.dump()).substr(0, 2), "$.") << place;
+    while (!phone[place].is_object()) place = place.parent_pointer();
+    description = phone;
+    description[place]["x"] = 1;
+    EXPECT_NE(Refusal(description.dump()).find(": unknown key \"x\""), std::string::npos) << place;
   }
 }
 
@@ -183,20 +164,16 @@ TEST_F(PanelFile, WrongTexts) {
   };
   const Case cases[] = {
       {"", "line 1: syntax error"},
-      {"\xff\xfe", "line 1: syntax error"},
       {"{\n\n\"format\": 1,\n}", "line 4: syntax error"},
       {with("500", "500,,"), "line 7: syntax error"},
-      {with("0.329", "0,329.0.1"), "line 6: syntax error"},
       {with("0.329", "NaN"), "line 6: syntax error"},
       {with("500", "1e999"), "line 7: number overflow"},
       {smallest.substr(0, smallest.size() - 1), "line 11: syntax error"},
-      {smallest + "x", "line 11: syntax error"},
       {with("\"smallest\"", "\"\xc3\x28\""), "line 3: syntax error"},
       {with("\"peak\": 500", "\"peak\": 500, \"peak\": 600"),
-       "key \"peak\" stands twice in one object"},
-      {std::string(100000, '['), "nested too deeply"},
+       "line 7: key \"peak\" stands twice in one object"},
+      {"\n" + std::string(100000, '['), "line 2: nested too deeply"},
       {"[" + smallest + "]", "$: expected an object"},
-      {"null", "$: expected an object"},
       {with("smallest", std::string(17 << 20, 'x')), "larger than 16 MiB"},
   };
   for (const Case& c : cases) {

@@ -26,6 +26,24 @@ using tarn::reference::LookUp;
 using tarn::reference::MaxCode;
 using tarn::reference::NodeIndex;
 
+Mat3 MatrixOf(const tarn::HwConfigOutputParams& answer) {
+  const auto& pcc = BlockOf<tarn::PccPostBlendConfig>(answer, "PostBlendPCC")->coeffs;
+  const auto linear = [](const PccRow& row) {
+    for (size_t term = 0; term < kPccTerms; ++term) {
+      if (term < 1 || term > 3) EXPECT_EQ(row[term], 0) << "term " << term;
+    }
+    return Vec3{row[1], row[2], row[3]};
+  };
+  return {linear(pcc.r), linear(pcc.g), linear(pcc.b)};
+}
+
+std::unique_ptr<GamutLut> LutOf(const tarn::HwConfigOutputParams& answer) {
+  const auto* block = BlockOf<tarn::GamutPostBlendConfig>(answer, "PostBlendGamut");
+  auto lut = std::make_unique<GamutLut>();
+  std::memcpy(lut.get(), block->lut_data.data(), sizeof(GamutLut));
+  return lut;
+}
+
 class SamplePanels : public testing::TestWithParam<const char*> {
  protected:
   SamplePanels() { EXPECT_EQ(parser_->Init(std::string(PANELS) + GetParam()), 0); }
@@ -42,17 +60,6 @@ class SamplePanels : public testing::TestWithParam<const char*> {
     config.num_of_entries = entries;
     config.bit_depth = bits;
     EXPECT_EQ(parser_->SetProperty(tarn::Wrap(&config, prop)), 0);
-  }
-
-  static Mat3 MatrixOf(const tarn::HwConfigOutputParams& answer) {
-    const auto& pcc = BlockOf<tarn::PccPostBlendConfig>(answer, "PostBlendPCC")->coeffs;
-    const auto linear = [](const PccRow& row) {
-      for (size_t term = 0; term < kPccTerms; ++term) {
-        if (term < 1 || term > 3) EXPECT_EQ(row[term], 0) << "term " << term;
-      }
-      return Vec3{row[1], row[2], row[3]};
-    };
-    return {linear(pcc.r), linear(pcc.g), linear(pcc.b)};
   }
 
   std::unique_ptr<tarn::ModeParserIntf> parser_ = ModeParserLibrary().New();
@@ -111,12 +118,11 @@ TEST_P(SamplePanels, TablesRiseInEveryMode) {
 }
 
 TEST_P(SamplePanels, GamutTableLeavesShowableColoursAndMapsTheOthersIntoThePanel) {
-  auto lut = std::make_unique<GamutLut>();
   for (const tarn::ColorMode& mode : ModesOf(parser_.get())) {
     const tarn::HwConfigOutputParams answer = Render(mode);
     const Mat3 to_panel = MatrixOf(answer);
-    const auto* block = BlockOf<tarn::GamutPostBlendConfig>(answer, "PostBlendGamut");
-    std::memcpy(lut.get(), block->lut_data.data(), sizeof(GamutLut));
+    const bool mapping = BlockOf<tarn::GamutPostBlendConfig>(answer, "PostBlendGamut")->enable;
+    const auto lut = LutOf(answer);
     ASSERT_EQ(lut->side, 17U);
     ASSERT_EQ(lut->bit_depth, 12U);
     for (size_t index = 0; index < kGamutNodes; ++index) {
@@ -132,7 +138,7 @@ TEST_P(SamplePanels, GamutTableLeavesShowableColoursAndMapsTheOthersIntoThePanel
       const bool fits =
           std::all_of(before.begin(), before.end(), [](double c) { return c >= 0 && c <= 1; });
       for (size_t i = 0; i < 3; ++i) {
-        if (fits || !block->enable) {
+        if (fits || !mapping) {
           EXPECT_NEAR(mapped[i], node[i], 0.5 / MaxCode(12) + 1e-12) << mode.label << index;
         } else {
           // A code value, and what clipping to the mode's own cube costs.
@@ -144,12 +150,24 @@ TEST_P(SamplePanels, GamutTableLeavesShowableColoursAndMapsTheOthersIntoThePanel
   }
 }
 
-// Corners of the mode's cube land on the chromaticities that the standard names.
-TEST(PhonePanel, MatricesReproduceTheTargets) {
-  const auto parser = ModeParserLibrary().New();
-  ASSERT_EQ(parser->Init(PANELS "phone-oled.json"), 0);
-  const tarn::color::Primaries panel = {
+class PhonePanel : public testing::Test {
+ protected:
+  PhonePanel() { EXPECT_EQ(parser_->Init(PANELS "phone-oled.json"), 0); }
+
+  tarn::HwConfigOutputParams Render(size_t mode) {
+    tarn::HwConfigOutputParams answer;
+    const std::vector<tarn::ColorMode> modes = ModesOf(parser_.get());
+    EXPECT_EQ(Ask(parser_.get(), tarn::kZelModeRenderIntent, modes.at(mode), &answer), 0);
+    return answer;
+  }
+
+  const tarn::color::Primaries panel_ = {
       {0.6835, 0.3160}, {0.2410, 0.7140}, {0.1395, 0.0485}, {0.3098, 0.3235}};
+  std::unique_ptr<tarn::ModeParserIntf> parser_ = ModeParserLibrary().New();
+};
+
+// Corners of the mode's cube land on the chromaticities that the standard names.
+TEST_F(PhonePanel, MatricesReproduceTheTargets) {
   struct Case {
     size_t mode;
     tarn::color::Primaries target;
@@ -159,44 +177,29 @@ TEST(PhonePanel, MatricesReproduceTheTargets) {
                         {2, tarn::color::kDisplayP3, true},
                         {3, tarn::color::kDciP3, false},
                         {4, tarn::color::kBt2020, true}}) {
-    tarn::HwConfigOutputParams answer;
-    ASSERT_EQ(Ask(parser.get(), tarn::kZelModeRenderIntent, ModesOf(parser.get())[c.mode], &answer),
-              0);
-    const auto& pcc = BlockOf<tarn::PccPostBlendConfig>(answer, "PostBlendPCC")->coeffs;
-    const Mat3 to_xyz = Multiply(RgbToXyz(panel), Mat3{Vec3{pcc.r[1], pcc.r[2], pcc.r[3]},
-                                                       {pcc.g[1], pcc.g[2], pcc.g[3]},
-                                                       {pcc.b[1], pcc.b[2], pcc.b[3]}});
+    const Mat3 to_xyz = Multiply(RgbToXyz(panel_), MatrixOf(Render(c.mode)));
     const auto expect_chromaticity = [](Vec3 xyz, const tarn::color::Chromaticity& expected) {
       EXPECT_NEAR(xyz[0] / (xyz[0] + xyz[1] + xyz[2]), expected.x, 1e-9);
       EXPECT_NEAR(xyz[1] / (xyz[0] + xyz[1] + xyz[2]), expected.y, 1e-9);
     };
-    if (c.adaptation) {
-      expect_chromaticity(Multiply(to_xyz, Vec3{1, 1, 1}), panel.white);
-      continue;
-    }
-    expect_chromaticity(Multiply(to_xyz, Vec3{1, 1, 1}), c.target.white);
+    expect_chromaticity(Multiply(to_xyz, Vec3{1, 1, 1}),
+                        c.adaptation ? panel_.white : c.target.white);
+    if (c.adaptation) continue;
     expect_chromaticity(Multiply(to_xyz, Vec3{1, 0, 0}), c.target.red);
     expect_chromaticity(Multiply(to_xyz, Vec3{0, 1, 0}), c.target.green);
     expect_chromaticity(Multiply(to_xyz, Vec3{0, 0, 1}), c.target.blue);
   }
 }
 
-TEST(PhonePanel, DesaturatedColoursKeepTheirLuminance) {
-  const auto parser = ModeParserLibrary().New();
-  ASSERT_EQ(parser->Init(PANELS "phone-oled.json"), 0);
-  tarn::HwConfigOutputParams answer;
-  ASSERT_EQ(Ask(parser.get(), tarn::kZelModeRenderIntent, ModesOf(parser.get())[4], &answer), 0);
-  auto lut = std::make_unique<GamutLut>();
-  std::memcpy(lut.get(),
-              BlockOf<tarn::GamutPostBlendConfig>(answer, "PostBlendGamut")->lut_data.data(),
-              sizeof(GamutLut));
+TEST_F(PhonePanel, DesaturatedColoursKeepTheirLuminance) {
+  const tarn::HwConfigOutputParams answer = Render(4);
+  const auto lut = LutOf(answer);
   // Luminance of the mode's components on the panel.
-  const auto& pcc = BlockOf<tarn::PccPostBlendConfig>(answer, "PostBlendPCC")->coeffs;
-  const Vec3 panel = tarn::color::LuminanceWeights(
-      {{0.6835, 0.3160}, {0.2410, 0.7140}, {0.1395, 0.0485}, {0.3098, 0.3235}});
-  Vec3 weights;
+  const Mat3 to_panel = MatrixOf(answer);
+  const Vec3 panel = tarn::color::LuminanceWeights(panel_);
+  Vec3 weights = {};
   for (size_t i = 0; i < 3; ++i) {
-    weights[i] = panel[0] * pcc.r[i + 1] + panel[1] * pcc.g[i + 1] + panel[2] * pcc.b[i + 1];
+    for (size_t j = 0; j < 3; ++j) weights[j] += panel[i] * to_panel[i][j];
   }
   const Vec3 colors[] = {{0.5, 0, 0}, {0, 0.5, 0}, {0, 0, 0.5}, {0, 0.5, 0.5}};
   for (const Vec3& color : colors) {
@@ -212,11 +215,8 @@ TEST(PhonePanel, DesaturatedColoursKeepTheirLuminance) {
   }
 }
 
-TEST(PhonePanel, St2084IsAbsolute) {
-  const auto parser = ModeParserLibrary().New();
-  ASSERT_EQ(parser->Init(PANELS "phone-oled.json"), 0);
-  tarn::HwConfigOutputParams answer;
-  ASSERT_EQ(Ask(parser.get(), tarn::kZelModeRenderIntent, ModesOf(parser.get())[5], &answer), 0);
+TEST_F(PhonePanel, St2084IsAbsolute) {
+  const tarn::HwConfigOutputParams answer = Render(5);
   const auto& igc = BlockOf<tarn::GammaPostBlendConfig>(answer, "PostBlendIGC")->c0;
   // Half the signal is 92.2 cd/m2; the panel reaches 812 at 72.96 % and clips there.
   EXPECT_NEAR(igc[128], 92.2 / 812 * 4095, 1);

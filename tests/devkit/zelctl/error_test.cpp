@@ -64,6 +64,12 @@ TEST(Error, WrongInputIsRefusedWithStatus2) {
       {"render 0 --gc-bits -1", "Could not convert: --gc-bits = -1"},
       {"render 0 --repeat 0", "--repeat: Value 0 not in range 1 to 1000"},
       {"render 0 --repeat 2 --steps", "--repeat excludes --steps"},
+      {"render 0 --image in.png", "--image requires --output"},
+      {"render 0 -o out.png", "--output requires --image"},
+      {"render 0 --image in.png -o out.jpg", "--output: out.jpg must end in .png"},
+      {"render 0 --image /nowhere -o out.png",
+       "can't read picture /nowhere: No such file or directory"},
+      {"render 0 --image /etc/passwd -o out.png", "can't read picture /etc/passwd: Not a PNG file"},
   };
   for (const auto& test : cases) ExpectOneLine(RunWithFake(test.arguments), 2, test.line);
 }

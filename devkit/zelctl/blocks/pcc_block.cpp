@@ -1,0 +1,35 @@
+#include "devkit/zelctl/blocks/pcc_block.h"
+
+#include <cmath>
+#include <stdexcept>
+
+#include "devkit/reference/pcc_polynomial.h"
+#include "devkit/zelctl/blocks/block_record.h"
+#include "plugin/names.h"
+
+namespace zelctl {
+
+using tarn::color::Vec3;
+
+PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output) {
+  const auto* payload = FindBlock(output, velaricolor::kPostBlendPCC);
+  if (payload == nullptr) return std::nullopt;
+  const auto* record = RecordOf<velaricolor::PccPostBlendConfig>(*payload);
+  return record == nullptr ? std::nullopt : std::optional(*record);
+}
+
+Vec3 ApplyPcc(const PccCopy& pcc, const Vec3& light) {
+  if (!pcc || !pcc->enable) return light;
+  constexpr double kUnit = 255;
+  Vec3 result = tarn::reference::Evaluate(pcc->coeffs,
+                                          {kUnit * light[0], kUnit * light[1], kUnit * light[2]});
+  for (double& component : result) {
+    component /= kUnit;
+    if (!std::isfinite(component)) {
+      throw std::runtime_error(velaricolor::kPostBlendPCC + ": its coefficients are too large");
+    }
+  }
+  return result;
+}
+
+}  // namespace zelctl

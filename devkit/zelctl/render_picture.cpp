@@ -1,0 +1,20 @@
+#include "devkit/zelctl/render_picture.h"
+
+#include <cmath>
+
+namespace zelctl {
+
+void SendThrough(const BlockPipeline& pipeline, Picture* picture) {
+  constexpr double kMaxSample = 255;
+  std::vector<uint8_t>& samples = picture->samples;
+  for (size_t at = 0; at < samples.size(); at += picture->channels) {
+    tarn::color::Vec3 color;
+    for (size_t i = 0; i < 3; ++i) color[i] = samples[at + i] / kMaxSample;
+    color = pipeline.Apply(color);
+    for (size_t i = 0; i < 3; ++i) {
+      samples[at + i] = static_cast<uint8_t>(std::lround(kMaxSample * color[i]));
+    }
+  }
+}
+
+}  // namespace zelctl

@@ -1,0 +1,12 @@
+// A picture sent through the blocks of a mode.
+#pragma once
+
+#include "devkit/zelctl/blocks/block_pipeline.h"
+#include "devkit/zelctl/png_file.h"
+
+namespace zelctl {
+
+// Replaces the content's codes by those that the panel is driven with. Alpha stays.
+void SendThrough(const BlockPipeline& pipeline, Picture* picture);
+
+}  // namespace zelctl

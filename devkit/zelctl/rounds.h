@@ -1,0 +1,35 @@
+// Calls of the render-intent operation, one after the other, into one record.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "devkit/zelctl/blocks/pcc_block.h"
+#include "devkit/zelctl/host_session.h"
+#include "devkit/zelctl/render_options.h"
+#include "modes/color_mode.h"
+
+namespace zelctl {
+
+// One call and what is set before it.
+struct Round {
+  std::string label;
+  std::function<void(HostSession*)> prepare;  // empty: nothing is set
+  size_t mode = 0;                            // place in the mode list
+};
+
+// A round for each setting that changes the PCC block, in the order in which the
+// plug-in composes them. They refer to `options`.
+std::vector<Round> ColorSettings(const RenderOptions& options, size_t mode);
+
+// The mode as it is, then with one colour setting more each time.
+std::vector<Round> StepByStep(const RenderOptions& options, const velaricolor::ColorModeList& list,
+                              size_t mode);
+
+// The PCC block after each round. `output` takes the blocks.
+std::vector<PccRound> RunRounds(const std::vector<Round>& rounds,
+                                const velaricolor::ColorModeList& list, HostSession* session,
+                                velaricolor::HwConfigOutputParams* output);
+
+}  // namespace zelctl

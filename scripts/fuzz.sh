@@ -1,0 +1,42 @@
+#!/usr/bin/env bash
+# Fuzzes the host's calls and the reference parser's panel descriptions, starting
+# from the seed corpora. Prints the executions; fails on any finding, whose input
+# stays in build/fuzz. What a run discovers there, the next one starts from too.
+# Usage: scripts/fuzz.sh [SECONDS]   for each target, default 60
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+seconds=${1:-60}
+build=build/fuzz
+
+build() {
+  scripts/install-deps.sh verify
+  cmake -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
+    -DCMAKE_CXX_FLAGS_DEBUG="-O1 -gline-tables-only" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
+    -DZELTARN_FUZZ=ON -DZELTARN_SANITIZER=fuzzer-no-link,address,undefined -DZELTARN_BENCH=OFF
+  cmake --build "$build" --target fuzz_host_calls fuzz_panel
+}
+
+# Runs TARGET on its own discoveries and on the seeds in the FOLDERs.
+fuzz() {
+  local target=$1 log=$build/$1.log
+  shift
+  mkdir -p "$build/corpus/$target"
+  if ! "$build/fuzz/$target" "$build/corpus/$target" "$@" -max_total_time="$seconds" \
+    -len_control=0 -timeout=20 -rss_limit_mb=3000 -print_final_stats=1 \
+    -artifact_prefix="$build/$target-" >"$log" 2>&1; then
+    tail -n 60 "$log" >&2
+    echo "$target: FAILED" >&2
+    return 1
+  fi
+  awk -v target="$target" '/number_of_executed_units/ { runs = $2 } / cov: / { cov = $4 }
+    END { print target ": " runs " executions, " cov " branches covered, no finding" }' "$log"
+}
+
+mkdir -p "$build"
+if ! build >"$build/build.log" 2>&1; then
+  cat "$build/build.log" >&2
+  exit 1
+fi
+fuzz fuzz_host_calls fuzz/corpus/host_calls -max_len=512
+fuzz fuzz_panel fuzz/corpus/panel devkit/panels -max_len=8192
