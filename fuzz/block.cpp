@@ -1,0 +1,145 @@
+#include "fuzz/block.h"
+
+#include <bit>
+#include <tuple>
+
+#include "convert/blob_config.h"
+#include "convert/dither_config.h"
+#include "convert/gamut_gamma_config.h"
+#include "convert/pa_de_config.h"
+
+namespace zeltarn::fuzz {
+
+namespace {
+
+// Spelt out, so that a constant that changed is noticed. First those that are
+// known, in the order of their records.
+const std::array<std::string, 24> kNames = {
+    "PostBlendPCC",       "PostBlendIGC",     "PostBlendGC",       "PostBlendPa",
+    "PostBlendGamut",     "PostBlendDither",  "PostBlendPaDither", "PostBlendHdrBlob",
+    "PostBlendGameBlob",  "PostBlendDE",      "PostBlendPCC",      "PostBlendIGC",
+    "PostBlendCWBDither", "PostBlendMixerGc", "HwCapIgcDither",    "",
+    "PostBlend",          "PostBlendPC",      "PostBlendPCC ",     "postBlendPCC",
+    "PostBlendPCCX",      "PostBlendPaDithe", "PostBlendIgc",      {"PostBlendPCC\0", 13}};
+
+template <typename Side>
+using Records =
+    std::tuple<layout::PccPostBlendConfig<Side>, layout::GammaPostBlendConfig<Side>,
+               layout::GammaPostBlendConfig<Side>, layout::PaPostBlendConfig<Side>,
+               layout::GamutPostBlendConfig<Side>, layout::DitherPostBlendConfig<Side>,
+               layout::PaDitherPostBlendConfig<Side>, layout::HdrBlobPostBlendConfig<Side>,
+               layout::GameBlobPostBlendConfig<Side>, layout::DePostBlendConfig<Side>, uint8_t>;
+
+// Calls `visit` with a null pointer to the type of the record that belongs to
+// `name`; the last type is that of unknown names.
+template <typename Side, size_t I = 0, typename Visit>
+auto WithRecord(const std::string& name, Visit visit) {
+  if constexpr (I + 1 < std::tuple_size_v<Records<Side>>) {
+    if (name != kNames[I]) return WithRecord<Side, I + 1>(name, visit);
+  }
+  return visit(static_cast<std::tuple_element_t<I, Records<Side>>*>(nullptr));
+}
+
+template <typename Record>
+std::shared_ptr<Record> MakeRecord(const Content& content) {
+  auto record = std::make_shared<Record>();
+  if constexpr (requires { record->enable; }) record->enable = content.enable;
+  if constexpr (requires { record->coeffs; }) {
+    record->coeffs = content.coeffs;
+  } else if constexpr (requires { record->c0; }) {
+    record->c0.assign(content.entries[0], content.filling);
+    record->c1.assign(content.entries[1], content.filling);
+    record->c2.assign(content.entries[2], content.filling);
+  } else if constexpr (requires { record->blob; }) {
+    record->blob.assign(content.filling * size_t{8}, static_cast<char>(content.filling));
+  } else if constexpr (requires { record->version; }) {
+    std::memset(reinterpret_cast<uint8_t*>(record.get()) + 8, content.filling, sizeof(Record) - 8);
+  }
+  return record;
+}
+
+template <typename Record>
+bool Holds(const Record& found, const Content& content) {
+  if constexpr (requires { found.version; }) {
+    if (found.version != Record::kVersion) return false;
+  }
+  if constexpr (requires { found.enable; }) {
+    if (found.enable != content.enable) return false;
+  }
+  if constexpr (requires { found.coeffs; }) {
+    return Same(found.coeffs, content.coeffs);
+  } else if constexpr (requires { found.c0; }) {
+    const std::shared_ptr<Record> expected = MakeRecord<Record>(content);
+    return found.c0 == expected->c0 && found.c1 == expected->c1 && found.c2 == expected->c2;
+  } else if constexpr (requires { found.blob; }) {
+    return found.blob == MakeRecord<Record>(content)->blob;
+  } else if constexpr (requires { found.version; }) {
+    return *(reinterpret_cast<const uint8_t*>(&found + 1) - 1) == content.filling;
+  }
+  return true;
+}
+
+bool SameRow(const PccRow& a, const PccRow& b) {
+  return std::equal(a.begin(), a.end(), b.begin(), [](double x, double y) {
+    return (x != x && y != y) || std::bit_cast<uint64_t>(x) == std::bit_cast<uint64_t>(y);
+  });
+}
+
+}  // namespace
+
+bool Same(const pcc_coeff_data& a, const pcc_coeff_data& b) {
+  return a.reserved == b.reserved && SameRow(a.r, b.r) && SameRow(a.g, b.g) && SameRow(a.b, b.b);
+}
+
+bool IsKnown(const std::string& name) {
+  return WithRecord<tarn::LibrarySide>(
+      name, []<typename Record>(Record* /*type*/) { return sizeof(Record) > 1; });
+}
+
+Block ReadBlock(Input* input) {
+  constexpr std::array<uint32_t, 4> kEntries = {1024, 257, 1, 2048};
+  Block block = {.version = input->Near(56), .name = input->OneOf(kNames), .content = nullptr};
+  block.len = input->Byte();
+  if (input->Seldom()) return block;
+  block.content = std::make_shared<Content>();
+  block.content->enable = input->Below(2) == 0;
+  block.content->filling = input->Byte();
+  if (block.name == "PostBlendPCC") block.content->coeffs = input->Pcc();
+  if (block.name == "PostBlendIGC" || block.name == "PostBlendGC") {
+    const uint32_t usual = input->OneOf(kEntries);
+    for (size_t& entries : block.content->entries) entries = input->Near(usual) % 4096;
+  }
+  return block;
+}
+
+template <typename Side>
+layout::HwConfigPayload<Side> ToPayload(const Block& block) {
+  const auto make = [&]<typename Record>(Record* /*type*/) -> std::shared_ptr<void> {
+    return MakeRecord<Record>(*block.content);
+  };
+  return {.version = block.version,
+          .hw_block = block.name,
+          .payload = block.content == nullptr ? nullptr : WithRecord<Side>(block.name, make),
+          .len = block.len};
+}
+template layout::HwConfigPayload<velaricolor::HostSide> ToPayload(const Block&);
+template layout::HwConfigPayload<tarn::LibrarySide> ToPayload(const Block&);
+
+void RequireSame(const velaricolor::HwConfigOutputParams& params, const List& list) {
+  Require(params.version == list.version, "version of the list");
+  Require(params.payloads.size() == list.blocks.size(), "number of blocks");
+  for (size_t i = 0; i < list.blocks.size(); ++i) {
+    const velaricolor::HwConfigPayload& found = params.payloads[i];
+    const Block& block = list.blocks[i];
+    Require(found.hw_block == block.name, "name of a block");
+    Require(found.version == block.version && found.len == block.len, "version and len of a block");
+    Require((found.payload == nullptr) == (block.content == nullptr), "presence of a record");
+    if (block.content == nullptr) continue;
+    const auto holds = [&]<typename Record>(Record* /*type*/) {
+      return Holds(*static_cast<const Record*>(found.payload.get()), *block.content);
+    };
+    Require(WithRecord<velaricolor::HostSide>(block.name, holds), block.name.c_str());
+  }
+}
+
+}  // namespace zeltarn::fuzz
