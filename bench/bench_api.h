@@ -3,7 +3,7 @@
 // the measured code, which is built with libc++. Nothing of either crosses it.
 #pragma once
 
-#include <stddef.h>
+#include <stddef.h>  // NOLINT(modernize-deprecated-headers): plain C
 
 #ifdef __cplusplus
 extern "C" {

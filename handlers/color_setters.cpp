@@ -25,8 +25,9 @@ PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
 }  // namespace
 
 int ZelTarnImpl::SetColorTransform(const VcPayload& payload) {
-  if (!Carries<ColorTransformMatrix>(payload))
+  if (!Carries<ColorTransformMatrix>(payload)) {
     return RefuseLength<ColorTransformMatrix>(payload, __func__);
+  }
   const auto& transform = *RecordOf<const ColorTransformMatrix>(payload);
   if (const int ret = VersionCheck(&transform); ret != kOk) return ret;
 
@@ -40,8 +41,9 @@ int ZelTarnImpl::SetColorTransform(const VcPayload& payload) {
 }
 
 int ZelTarnImpl::SetLtmPccConfig(const VcPayload& payload) {
-  if (!Carries<PccPostBlendConfig>(payload))
+  if (!Carries<PccPostBlendConfig>(payload)) {
     return RefuseLength<PccPostBlendConfig>(payload, __func__);
+  }
   const auto& ltm = *RecordOf<const PccPostBlendConfig>(payload);
   ltm_pcc_config_.enable = ltm.enable;
   ltm_pcc_config_.coeffs = ltm.coeffs;

@@ -46,8 +46,9 @@ int ZelTarnImpl::SetPostBlendInvGammaConfig(const VcPayload& payload) {
 }
 
 int ZelTarnImpl::SetDimensions(const DimensionBlock& block, const VcPayload& payload) {
-  if (!Carries<PostBlendHwConfig>(payload))
+  if (!Carries<PostBlendHwConfig>(payload)) {
     return RefuseLength<PostBlendHwConfig>(payload, block.function);
+  }
   const auto& wanted = *RecordOf<const PostBlendHwConfig>(payload);
   if (block.bounded) {
     const int ret = CheckGammaEntries(wanted.num_of_entries, block.function);

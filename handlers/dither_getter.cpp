@@ -7,8 +7,9 @@ namespace velaricolor {
 
 // The panel's global dither configuration, which belongs to no mode.
 int ZelTarnImpl::GetPbDitheHwConfig(VcPayload* payload) {
-  if (!Carries<HwConfigOutputParams>(*payload))
+  if (!Carries<HwConfigOutputParams>(*payload)) {
     return RefuseLength<HwConfigOutputParams>(*payload, __func__);
+  }
   if (mode_parser_intf_ == nullptr) return kOk;
 
   tarn::HwConfigOutputParams answer;

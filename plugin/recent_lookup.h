@@ -11,7 +11,7 @@ bool Same(const Key& a, const Key& b) {
   return a == b;
 }
 inline bool Same(const std::string& a, const std::string& b) {
-  return std::string_view(a) == std::string_view(b);
+  return std::string_view{a} == std::string_view{b};
 }
 
 // The handler that `table`, which is never empty, holds under `key`, or null.

@@ -59,7 +59,7 @@ void TearDown() {
 }
 
 void Get(unsigned calls) {
-  velaricolor::VcPostBlendInterface& plugin = g_session->plugin();
+  velaricolor::VcPostBlendInterface& plugin = g_session->Plugin();
   bool needs_update = false;
   for (; calls > 0; --calls) {
     velaricolor::VcPayload envelope = {
@@ -70,7 +70,7 @@ void Get(unsigned calls) {
 }
 
 void Set(unsigned calls) {
-  velaricolor::VcPostBlendInterface& plugin = g_session->plugin();
+  velaricolor::VcPostBlendInterface& plugin = g_session->Plugin();
   double factor = 0.5;
   for (; calls > 0; --calls) {
     plugin.SetProperty(
@@ -121,7 +121,8 @@ std::vector<ZelPair> PropertyPairs() {
                    SetUpModes, ModesList, CopyModes, TearDown, count};
   };
   return {
-      {"property get", 1.2, kMedian, 2000, 0, SetUp, Get, BareGet, TearDown, 1},
+      // The second, indirect call to the handler alone takes it to 1.2.
+      {"property get", 1.3, kMedian, 2000, 0, SetUp, Get, BareGet, TearDown, 1},
       {"property set", 0, kMedian, 2000, 0, SetUp, Set, BareGet, TearDown, 1},
       on_threads("property get, 1 host thread", 1),
       on_threads("property get, 2 host threads", 2),

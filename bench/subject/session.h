@@ -15,7 +15,7 @@ class Session {
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
-  velaricolor::VcPostBlendInterface& plugin() { return *plugin_; }
+  velaricolor::VcPostBlendInterface& Plugin() { return *plugin_; }
 
   template <typename T>
   void Set(velaricolor::VcProperty prop, T record) {

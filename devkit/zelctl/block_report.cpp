@@ -16,8 +16,9 @@ constexpr size_t kShownInFull = 4;
 // FNV-1a, 32 bits, of all fields.
 std::string Hash(const Json& block) {
   uint32_t hash = 2166136261U;
-  for (const char c : block.dump(-1, ' ', false, Json::error_handler_t::replace))
+  for (const char c : block.dump(-1, ' ', false, Json::error_handler_t::replace)) {
     hash = (hash ^ static_cast<uint8_t>(c)) * 16777619U;
+  }
   std::array<char, 9> shown = {};
   std::snprintf(shown.data(), shown.size(), "%08x", hash);
   return shown.data();

@@ -30,8 +30,9 @@ Mat3 Correction(const Mat3& seen, const Mat3& shift) {
   Mat3 result = tarn::color::kIdentity;
   for (size_t column = 0; column < 3; ++column) {
     Vec3 lost = {};
-    for (size_t row = 0; row < 3; ++row)
+    for (size_t row = 0; row < 3; ++row) {
       lost[row] = tarn::color::kIdentity[row][column] - seen[row][column];
+    }
     const Vec3 moved = tarn::color::Multiply(shift, lost);
     for (size_t row = 0; row < 3; ++row) result[row][column] += moved[row];
   }

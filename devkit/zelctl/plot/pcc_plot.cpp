@@ -21,6 +21,7 @@ constexpr std::array<Input, 4> kInputs = {{{"PCC: red in", {1, 0, 0}},
 
 std::vector<Vec3> AfterRounds(const std::vector<PccRound>& rounds, const Vec3& light) {
   std::vector<Vec3> results;
+  results.reserve(rounds.size());
   for (const PccRound& round : rounds) results.push_back(ApplyPcc(round.pcc, light));
   return results;
 }
