@@ -8,22 +8,21 @@
 // The how-manyth allocation from now on is to fail, on whatever thread; 0: none.
 inline std::atomic<int> failing_allocation = 0;
 
+inline thread_local bool allocations_spared = false;
+
 // Scope of allocations that neither count nor fail: the test's own, in the
 // middle of a call of the plug-in.
 class Spared {
  public:
-  Spared() : before_(std::exchange(spared_, true)) {}
-  ~Spared() { spared_ = before_; }
+  Spared() noexcept : before_(std::exchange(allocations_spared, true)) {}
+  ~Spared() { allocations_spared = before_; }
   Spared(const Spared&) = delete;
   Spared& operator=(const Spared&) = delete;
 
  private:
-  friend bool AllocationFails();
-
-  inline static thread_local bool spared_ = false;
   const bool before_;
 };
 
 inline bool AllocationFails() {
-  return !Spared::spared_ && failing_allocation > 0 && --failing_allocation == 0;
+  return !allocations_spared && failing_allocation > 0 && --failing_allocation == 0;
 }

@@ -5,25 +5,20 @@
 
 #include <array>
 #include <new>
-#include <sstream>
 
 #include "tests/support/allocations.h"
 #include "tests/support/fake_platform.h"
 
 namespace {
 
-template <typename... Parts>
-void Note(const Parts&... parts) {
+void Note(const std::string& event) {
   const Spared spared;
-  std::ostringstream event;
-  (event << ... << parts);
-  Platform().events.push_back(event.str());
+  Platform().events.push_back(event);
 }
 
 // A call, for which the library needs memory.
-template <typename... Parts>
-void NoteCall(const Parts&... parts) {
-  Note(parts...);
+void NoteCall(const std::string& event) {
+  Note(event);
   ::operator delete(::operator new(1));
 }
 
@@ -37,7 +32,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   ~ScriptedParser() override { Note("delete parser"); }
 
   int Init(const std::string& arg) override {
-    NoteCall("parser Init ", arg);
+    NoteCall("parser Init " + arg);
     std::array<char, 16> name = {};
     prctl(PR_GET_NAME, name.data());
     Parser().thread_name = name.data();
@@ -51,7 +46,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   }
 
   int SetProperty(const tarn::TarnPayload& payload) override {
-    NoteCall("parser SetProperty ", payload.prop);
+    NoteCall("parser SetProperty " + std::to_string(payload.prop));
     const Spared spared;
     Parser().in = payload;
     Parser().dimensions = RecordIn<tarn::PostBlendHwConfig>(payload);
@@ -59,7 +54,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   }
 
   int GetProperty(tarn::TarnPayload* payload) override {
-    NoteCall("parser GetProperty ", payload->prop);
+    NoteCall("parser GetProperty " + std::to_string(payload->prop));
     Parser().out = *payload;
     if (payload->prop == tarn::kZelModesList) {
       RecordIn<tarn::ColorModeList>(*payload).modes = Parser().modes;
@@ -70,7 +65,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
   }
 
   int ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) override {
-    NoteCall("parser ProcessOps ", op);
+    NoteCall("parser ProcessOps " + std::to_string(op));
     Parser().in = in;
     Parser().out = *out;
     {
@@ -93,7 +88,7 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
   ~ScriptedAlgo() override { Note("delete algo"); }
 
   int Init(const std::string& arg) override {
-    NoteCall("algo Init ", arg);
+    NoteCall("algo Init " + arg);
     return Algo().init_result;
   }
 
@@ -107,7 +102,7 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
 
   int ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) override {
     if (op != tarn::kZelPccMerge) return kUnexpected;
-    NoteCall("algo ProcessOps ", op);
+    NoteCall("algo ProcessOps " + std::to_string(op));
     const Spared spared;
     Algo().in = in;
     Algo().out = *out;
@@ -121,18 +116,22 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
   static constexpr int kUnexpected = -1;
 };
 
+std::string FactoryEvent(const std::string& library, int major, int minor) {
+  return library + " factory " + std::to_string(major) + " " + std::to_string(minor);
+}
+
 }  // namespace
 
 // Each event of a factory that makes objects stands for one that exists.
 
 tarn::ModeParserIntf* MakeFakeParser(int major_version, int minor_version) {
   auto object = Parser().makes_object ? std::make_unique<ScriptedParser>() : nullptr;
-  Note("parser factory ", major_version, " ", minor_version);
+  Note(FactoryEvent("parser", major_version, minor_version));
   return object.release();
 }
 
 tarn::TarnAlgoIntf* MakeFakeAlgo(int major_version, int minor_version) {
   auto object = Algo().makes_object ? std::make_unique<ScriptedAlgo>() : nullptr;
-  Note("algo factory ", major_version, " ", minor_version);
+  Note(FactoryEvent("algo", major_version, minor_version));
   return object.release();
 }

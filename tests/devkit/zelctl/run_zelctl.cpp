@@ -25,7 +25,7 @@ std::string ReadFile(const std::string& path) {
 }
 
 std::string WriteFile(const std::string& name, const std::string& text) {
-  const std::string path = TempPath(name);
+  std::string path = TempPath(name);
   std::ofstream(path) << text;
   return path;
 }

@@ -111,8 +111,9 @@ TEST(WithPlugin, MissingPiecesStaySeen) {
     std::filesystem::remove_all(folder);
     std::filesystem::create_directory(folder);
     auto copied = test.libraries;
-    for (const char* base : {"libzeltarn.so", "liblog.so", "libcutils.so"})
+    for (const char* base : {"libzeltarn.so", "liblog.so", "libcutils.so"}) {
       copied.emplace_back(base);
+    }
     for (const auto& name : copied) {
       std::filesystem::copy(std::filesystem::path(LIBRARY_FOLDER) / name, folder / name);
     }
