@@ -17,12 +17,12 @@ constexpr const char* kThreadName = "zel_mode_parser";
 constexpr const char* kLoggedAs = "thread_handler";
 
 // Host and library share a layout, not a type.
-ColorMode ToHost(const tarn::ColorMode& mode) {
-  return {.gamut = mode.gamut,
-          .gamma = mode.gamma,
-          .intent = mode.intent,
-          .hw_assets = mode.hw_assets,
-          .label = mode.label};
+void ToHost(const tarn::ColorMode& mode, ColorMode* out) {
+  out->gamut = mode.gamut;
+  out->gamma = mode.gamma;
+  out->intent = mode.intent;
+  out->hw_assets = mode.hw_assets;
+  out->label = mode.label;
 }
 
 }  // namespace
@@ -74,8 +74,10 @@ void ZelTarnImpl::FetchModesList() {
                 static_cast<int>(fetched.modes.size()), mode_parser_status_);
     return;
   }
-  color_mode_list_.modes.reserve(fetched.modes.size());
-  for (const tarn::ColorMode& mode : fetched.modes) color_mode_list_.modes.push_back(ToHost(mode));
+  color_mode_list_.modes.resize(fetched.modes.size());
+  for (size_t i = 0; i < fetched.modes.size(); ++i) {
+    ToHost(fetched.modes[i], &color_mode_list_.modes[i]);
+  }
 }
 
 }  // namespace velaricolor

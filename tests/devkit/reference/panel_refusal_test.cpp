@@ -140,7 +140,8 @@ TEST_F(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
   std::ifstream file(PANELS "phone-oled.json");
   const json phone = json::parse(file);
   ASSERT_EQ(Refusal(phone.dump()), "");
-  for (const auto& leaf : phone.flatten().items()) {
+  const json leaves = phone.flatten();  // items() refers to it
+  for (const auto& leaf : leaves.items()) {
     json::json_pointer place(leaf.key());
     json description = phone;
     description[place] = nullptr;
