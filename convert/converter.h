@@ -34,7 +34,6 @@ int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
   const auto& from = *static_cast<const Config<tarn::LibrarySide>*>(in.payload.get());
   if (const int ret = precondition(from); ret != kOk) return ret;
 
-  out->hw_block = in.hw_block;
   out->len = in.len;
   if (out->payload == nullptr) out->payload = make();
   auto* const to = static_cast<Config<HostSide>*>(out->payload.get());

@@ -1,10 +1,10 @@
 // Conversion of the mode operations' records between the two namespaces.
 
+#include <algorithm>
 #include <utility>
 
 #include "convert/find_block.h"
 #include "plugin/log.h"
-#include "plugin/recent_lookup.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
@@ -37,9 +37,8 @@ int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& i
 
   for (size_t place = 0; place < in.payloads.size(); ++place) {
     const tarn::HwConfigPayload& payload = in.payloads[place];
-    const HwConfigConverter converter =
-        FindHandler(hw_config_converters_, payload.hw_block,
-                    &recent_converters_[place % recent_converters_.size()]);
+    auto& recent = recent_converters_[std::min(place, recent_converters_.size() - 1)];
+    const HwConfigConverter converter = recent.Find(hw_config_converters_, payload.hw_block);
     if (converter == nullptr) return kErrInvalid;
     HwConfigPayload* const known = FindBlock(out, payload.hw_block);
     const int ret = known != nullptr ? (this->*converter)(payload, known)
@@ -55,7 +54,7 @@ int ZelTarnImpl::ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& i
 // Converts into an entry of its own, which joins the list once it is complete.
 int ZelTarnImpl::ConvertNew(HwConfigConverter converter, const tarn::HwConfigPayload& payload,
                             size_t answered, velaricolor::HwConfigOutputParams* out) {
-  HwConfigPayload fresh;
+  HwConfigPayload fresh = {.hw_block = payload.hw_block};
   if (const int ret = (this->*converter)(payload, &fresh); ret != kOk) return ret;
 
   // Room for all of an answer's blocks at once, when the first is new.

@@ -1,7 +1,6 @@
 // The three entry points: lock, check, look the id up, hand over.
 
 #include "plugin/log.h"
-#include "plugin/recent_lookup.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
@@ -38,7 +37,7 @@ int ZelTarnImpl::SetProperty(const VcPayload& payload) {
     return RefusePropertyCall(__func__, init_done_, &payload);
   }
   const auto prop = static_cast<VcProperty>(payload.prop);
-  const SetPropFunc handler = FindHandler(set_prop_funcs_, prop, &recent_setter_);
+  const SetPropFunc handler = recent_setter_.Find(set_prop_funcs_, prop);
   if (handler == nullptr) return RefuseProperty(__func__, prop);
   return (this->*handler)(payload);
 }
@@ -49,7 +48,7 @@ int ZelTarnImpl::GetProperty(VcPayload* payload) {
     return RefusePropertyCall(__func__, init_done_, payload);
   }
   const auto prop = static_cast<VcProperty>(payload->prop);
-  const GetPropFunc handler = FindHandler(get_prop_funcs_, prop, &recent_getter_);
+  const GetPropFunc handler = recent_getter_.Find(get_prop_funcs_, prop);
   if (handler == nullptr) return RefuseProperty(__func__, prop);
   return (this->*handler)(payload);
 }
@@ -62,7 +61,7 @@ int ZelTarnImpl::ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) {
              static_cast<const void*>(out));
     return kErrInvalid;
   }
-  const OpsFunc handler = FindHandler(ops_funcs_, op, &recent_op_);
+  const OpsFunc handler = recent_op_.Find(ops_funcs_, op);
   if (handler == nullptr) {
     ZEL_LOGE("Invalid ops %d", static_cast<int>(op));
     return kErrUnsupported;

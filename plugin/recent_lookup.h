@@ -2,7 +2,8 @@
 #pragma once
 
 #include <string>
-#include <string_view>
+
+#include "plugin/same_name.h"
 
 namespace velaricolor {
 
@@ -10,22 +11,30 @@ template <typename Key>
 bool Same(const Key& a, const Key& b) {
   return a == b;
 }
-inline bool Same(const std::string& a, const std::string& b) {
-  return std::string_view{a} == std::string_view{b};
-}
+inline bool Same(const std::string& a, const std::string& b) { return SameName(a, b); }
 
-// The handler that `table`, which is never empty, holds under `key`, or null.
-// `recent`, an entry of the table, is tried first and moved to what was found:
-// one comparison where a search would be a chain of them.
-template <typename Table, typename Key>
-typename Table::mapped_type FindHandler(const Table& table, const Key& key,
-                                        typename Table::const_iterator* recent) {
-  if (!Same((*recent)->first, key)) {
+// The entry of `Table`, which is never empty, that was found last. It is a copy,
+// for what lies beside the caller's other members is near when it is needed, and a
+// table's node is not.
+template <typename Table>
+class RecentEntry {
+ public:
+  explicit RecentEntry(const Table& table)
+      : key_(table.begin()->first), handler_(table.begin()->second) {}
+
+  // The handler that `table` holds under `key`, or null. Asked for again, a key
+  // takes one comparison where a search would be a chain of them.
+  typename Table::mapped_type Find(const Table& table, const typename Table::key_type& key) {
+    if (Same(key_, key)) return handler_;
     const auto entry = table.find(key);
     if (entry == table.end()) return nullptr;
-    *recent = entry;
+    key_ = entry->first;
+    return handler_ = entry->second;
   }
-  return (*recent)->second;
-}
+
+ private:
+  typename Table::key_type key_;
+  typename Table::mapped_type handler_;
+};
 
 }  // namespace velaricolor

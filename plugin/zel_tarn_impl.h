@@ -20,6 +20,7 @@
 #include "modes/mode_op_params.h"
 #include "pcc/pcc_config.h"
 #include "plugin/log.h"
+#include "plugin/recent_lookup.h"
 
 namespace velaricolor {
 
@@ -168,11 +169,11 @@ class ZelTarnImpl final : public VcPostBlendInterface {
 
   // The tables' entries last used; a parser answers with the same blocks in the
   // same order mode after mode, so those of converters go by place in the answer.
-  SetPropFuncs::const_iterator recent_setter_ = set_prop_funcs_.begin();
-  GetPropFuncs::const_iterator recent_getter_ = get_prop_funcs_.begin();
-  OpsFuncs::const_iterator recent_op_ = ops_funcs_.begin();
-  std::vector<HwConfigConverters::const_iterator> recent_converters_ =
-      std::vector(hw_config_converters_.size(), hw_config_converters_.begin());
+  RecentEntry<SetPropFuncs> recent_setter_{set_prop_funcs_};
+  RecentEntry<GetPropFuncs> recent_getter_{get_prop_funcs_};
+  RecentEntry<OpsFuncs> recent_op_{ops_funcs_};
+  std::vector<RecentEntry<HwConfigConverters>> recent_converters_ =
+      std::vector(hw_config_converters_.size(), RecentEntry(hw_config_converters_));
 };
 
 template <typename T>

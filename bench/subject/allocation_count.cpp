@@ -7,8 +7,10 @@
 
 namespace {
 
-thread_local bool counting = false;
-thread_local size_t count = 0;
+// Plain, for a thread's own would be looked up at each use: where several threads
+// run, nobody counts.
+bool counting = false;
+size_t count = 0;
 
 }  // namespace
 

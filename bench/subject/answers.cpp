@@ -58,7 +58,7 @@ std::vector<tarn::HwConfigPayload> BuildBlocks() {
   };
 }
 
-// The same without a share in the records, which live as long as the process:
+// The same without a share in the records, which live until the next set-up:
 // counting references is the parser's cost, not the plug-in's.
 std::vector<tarn::HwConfigPayload> Borrowed(std::vector<tarn::HwConfigPayload> blocks) {
   for (auto& block : blocks) block.payload = {std::shared_ptr<void>(), block.payload.get()};
@@ -78,7 +78,8 @@ std::vector<tarn::ColorMode> MakeModes(size_t count) {
 }
 
 std::vector<tarn::HwConfigPayload> MakeBlocks() {
-  static const auto built = BuildBlocks();
+  static std::vector<tarn::HwConfigPayload> built;
+  built = BuildBlocks();
   return Borrowed(built);
 }
 

@@ -161,12 +161,26 @@ TEST_F(Roads, RefuseEntriesWithoutVersionOrRecord) {
 
 TEST_F(Roads, ExistForExactNamesOnly) {
   Start();
-  for (const char* name : {"", "PostBlendIgc", "PostBlendG", "PostBlendCWBDither"}) {
-    SCOPED_TRACE(name);
-    Parser().dither = {Block(name, std::make_shared<tarn::GammaPostBlendConfig>(1024))};
-    HwConfigOutputParams output;
-    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
-    EXPECT_TRUE(output.payloads.empty());
+  for (const Road& road : ::Roads()) {
+    const tarn::HwConfigPayload right = {.hw_block = road.block, .payload = road.make_parsers()};
+    std::vector<std::string> wrong = {"", road.block + "X", road.block + std::string(1, '\0'),
+                                      road.block.substr(0, road.block.size() - 1)};
+    for (size_t letter = 0; letter < road.block.size(); ++letter) {
+      wrong.push_back(road.block);
+      wrong.back()[letter] ^= 0x20;  // the other case
+    }
+    for (const std::string& name : wrong) {
+      SCOPED_TRACE(road.block + " against " + name);
+      HwConfigOutputParams output;
+      output.payloads = {{.hw_block = name}};
+      Parser().dither = {right};
+      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
+      EXPECT_EQ(output.payloads.size(), 2U) << "the host's entry is another block's";
+
+      Parser().dither = {{.hw_block = name, .payload = right.payload}};
+      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+      EXPECT_EQ(output.payloads.size(), 2U);
+    }
   }
 }
 
