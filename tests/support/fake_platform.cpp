@@ -102,7 +102,6 @@ ZEL_TAKE_OVER int dlclose(void* handle) {
 }
 
 #if !__has_feature(thread_sanitizer)
-// ThreadSanitizer must see threads start itself.
 ZEL_TAKE_OVER int pthread_create(pthread_t* thread, const pthread_attr_t* attributes,
                                  void* (*body)(void*), void* argument) {
   if (!Platform().threads_start) return EAGAIN;
