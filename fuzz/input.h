@@ -60,7 +60,7 @@ class Input {
         -0.0, Limits::quiet_NaN(), Limits::infinity(), -Limits::infinity(),
         0.1,  Limits::max(),       Limits::min(),      Limits::denorm_min()};
     const uint8_t choice = Byte();
-    if (choice < 0xE0) return choice / 16.0 - 2.0 * (choice % 2);
+    if (choice < 0xE0) return choice / 10.0 - 2.0 * (choice % 2);
     return choice == 0xFF ? Raw<double>() : kSpecial[choice % kSpecial.size()];
   }
 

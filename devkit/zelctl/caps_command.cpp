@@ -7,7 +7,6 @@
 #include "devkit/zelctl/text_table.h"
 
 namespace zelctl {
-namespace {
 
 void RunCaps(const GlobalOptions& globals) {
   HostSession session(globals.session);
@@ -33,14 +32,6 @@ void RunCaps(const GlobalOptions& globals) {
   table.Add({"dimming", shown(dimming)});
   table.Add({"hardware assets", names});
   table.Print(std::cout);
-}
-
-}  // namespace
-
-void AddCapsCommand(CLI::App& app, const GlobalOptions& globals) {
-  app.add_subcommand("caps", "Show what the plug-in supports")->callback([&globals] {
-    RunCaps(globals);
-  });
 }
 
 }  // namespace zelctl

@@ -1,24 +1,43 @@
-// The subcommands. Each adds itself to the program, runs when it was chosen,
-// and throws CLI::Error, UsageError or CallError.
+// The subcommands. Each drives the plug-in, prints what it answers, and throws
+// UsageError or CallError.
 #pragma once
 
-#include <CLI/App.hpp>
+#include <optional>
+#include <string>
 
 #include "devkit/zelctl/host_session.h"
+#include "devkit/zelctl/plot/mode_plot.h"
+#include "devkit/zelctl/render_options.h"
 
 namespace zelctl {
 
-// Filled before a subcommand runs; outlives it.
 struct GlobalOptions {
   SessionOptions session;
   bool json = false;
 };
 
-void AddModesCommand(CLI::App& app, const GlobalOptions& globals);
-void AddRenderCommand(CLI::App& app, const GlobalOptions& globals);
-void AddPlotCommand(CLI::App& app, const GlobalOptions& globals);
-void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals);
-void AddDitherCommand(CLI::App& app, const GlobalOptions& globals);
-void AddCapsCommand(CLI::App& app, const GlobalOptions& globals);
+struct RenderArguments {
+  std::string mode;
+  std::optional<std::string> from;  // unset: start with an empty output record
+  bool steps = false;
+  uint32_t repeat = 1;
+  RenderOptions options;
+  std::string image;  // empty: no picture
+  std::string image_output;
+};
+
+struct PlotArguments {
+  std::string mode;
+  std::string output;
+  PlotKind kind = PlotKind::kAll;
+  RenderOptions options;
+};
+
+void RunModes(const GlobalOptions& globals);
+void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
+void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
+void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
+void RunDither(const GlobalOptions& globals);
+void RunCaps(const GlobalOptions& globals);
 
 }  // namespace zelctl

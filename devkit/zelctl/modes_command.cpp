@@ -24,6 +24,8 @@ void PrintModes(const velaricolor::ColorModeList& list) {
   table.Print(std::cout);
 }
 
+}  // namespace
+
 void RunModes(const GlobalOptions& globals) {
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
@@ -34,14 +36,6 @@ void RunModes(const GlobalOptions& globals) {
   Json modes = Json::array();
   for (size_t i = 0; i < list.modes.size(); ++i) modes.push_back(ModeJson(list, i));
   PrintJson({{"modes", modes}}, std::cout);
-}
-
-}  // namespace
-
-void AddModesCommand(CLI::App& app, const GlobalOptions& globals) {
-  app.add_subcommand("modes", "List the colour modes of the panel")->callback([&globals] {
-    RunModes(globals);
-  });
 }
 
 }  // namespace zelctl

@@ -1,6 +1,4 @@
 #include <filesystem>
-#include <map>
-#include <memory>
 
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
@@ -19,13 +17,6 @@ namespace {
 constexpr const char* kSvg = ".svg";
 constexpr const char* kPng = ".png";
 
-struct PlotArguments {
-  std::string mode;
-  std::string output;
-  PlotKind kind = PlotKind::kAll;
-  RenderOptions options;
-};
-
 // Primaries are not part of any block: they come from the panel's description.
 GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorMode& id,
                               const BlockPipeline& pipeline) {
@@ -41,6 +32,8 @@ GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorM
   }
   throw UsageError(path + " has no mode " + ModeIds(id));
 }
+
+}  // namespace
 
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   const bool svg = RequireEnding(arguments.output, {kSvg, kPng}) == kSvg;
@@ -63,32 +56,6 @@ void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
     plot.gamut = ReadGamutDiagram(globals.session.panel, list.modes[mode], plot.pipeline);
   }
   WriteOutput(arguments.output, RunGnuplot(PlotScript(plot, arguments.kind, svg)));
-}
-
-}  // namespace
-
-void AddPlotCommand(CLI::App& app, const GlobalOptions& globals) {
-  auto arguments = std::make_shared<PlotArguments>();
-  auto* command = app.add_subcommand("plot", "Draw a mode: gamut, curves, effect of the PCC block");
-  command->add_option("MODE", arguments->mode, kModeHelp)->required()->type_name("");
-  command->add_option("-o,--output", arguments->output, "The picture; its ending says which kind")
-      ->required()
-      ->type_name("FILE.svg|FILE.png");
-  const std::map<std::string, PlotKind> kinds = {{"all", PlotKind::kAll},
-                                                 {"gamut", PlotKind::kGamut},
-                                                 {"curves", PlotKind::kCurves},
-                                                 {"pcc", PlotKind::kPcc}};
-  command->add_option("--what", arguments->kind, "all, gamut, curves or pcc; default: all")
-      ->transform(CLI::CheckedTransformer(kinds).description(""))
-      ->type_name("PART");
-  AddRenderOptions(*command, &arguments->options);
-  command->footer(
-      "gamut   CIE 1931 xy: the panel's primaries, those of the mode's content (target), and what\n"
-      "        is shown of them with all settings; both primaries are read from --panel\n"
-      "curves  the IGC and GC tables\n"
-      "pcc     what the PCC block makes of red, green, blue and white: for the mode alone, then\n"
-      "        with colour transform, LTM and dimming, as far as they are given");
-  command->callback([&globals, arguments] { RunPlot(globals, *arguments); });
 }
 
 }  // namespace zelctl

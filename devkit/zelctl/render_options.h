@@ -1,7 +1,6 @@
 // What `render` and `plot` set on the plug-in before they render.
 #pragma once
 
-#include <CLI/App.hpp>
 #include <optional>
 
 #include "devkit/zelctl/host_session.h"
@@ -15,27 +14,24 @@ namespace zelctl {
 struct TableSize {
   const char* name;
   velaricolor::VcProperty property;
-  uint32_t usual_entries;
-  uint32_t usual_bits;
+  TableDimensions usual;
   uint32_t max_entries;
   std::optional<uint32_t> entries = {};
   std::optional<uint32_t> bits = {};
 
-  uint32_t BitDepth() const { return bits.value_or(usual_bits); }
+  uint32_t BitDepth() const { return bits.value_or(usual.bit_depth); }
 };
 
 struct RenderOptions {
-  TableSize igc = {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, 257, 12, kMaxGammaEntries};
-  TableSize gc = {"gc", velaricolor::kVcPostBlendGammaHwConfig, 1024, 10, kMaxGammaEntries};
-  TableSize gamut = {"gamut", velaricolor::kVcPostBlendGamutHwConfig, 17, 12, UINT32_MAX};
+  TableSize igc = {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, kDefaultInverseGamma,
+                   kMaxGammaEntries};
+  TableSize gc = {"gc", velaricolor::kVcPostBlendGammaHwConfig, kDefaultGamma, kMaxGammaEntries};
+  TableSize gamut = {"gamut", velaricolor::kVcPostBlendGamutHwConfig, kDefaultGamut, UINT32_MAX};
   bool calibration = false;
   std::optional<velaricolor::ColorTransformMatrix> color_transform;
   std::optional<velaricolor::PccPostBlendConfig> ltm;
   std::optional<double> dimming;
 };
-
-// `options` must live until the command has run.
-void AddRenderOptions(CLI::App& command, RenderOptions* options);
 
 // The settings that do not concern the PCC block.
 void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session);

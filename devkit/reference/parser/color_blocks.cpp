@@ -22,12 +22,12 @@ Mat3 TargetToPanel(const Panel& panel, const Target& target) {
 
 // The three channels' tables hold the codes of `curve` along `axis`.
 template <typename Curve>
-std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis, const TableSize& size,
+std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis, const TableDimensions& size,
                                                  Curve curve) {
-  auto record = std::make_shared<GammaPostBlendConfig>(size.entries);
+  auto record = std::make_shared<GammaPostBlendConfig>(size.num_of_entries);
   record->enable = true;
-  for (size_t i = 0; i < size.entries; ++i) {
-    record->c0.push_back(ToCode(curve(AxisInput(axis, i, size.entries)), size.bit_depth));
+  for (size_t i = 0; i < size.num_of_entries; ++i) {
+    record->c0.push_back(ToCode(curve(AxisInput(axis, i, size.num_of_entries)), size.bit_depth));
   }
   record->c1 = record->c0;
   record->c2 = record->c0;
@@ -78,7 +78,7 @@ class GamutMapper {
 
 }  // namespace
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableSize& size) {
+HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
   const GamutMapper map(panel, target);
   auto lut = std::make_unique<GamutLut>();
   lut->bit_depth = size.bit_depth;
@@ -100,14 +100,14 @@ HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const Table
   return MakeBlock(velaricolor::kPostBlendGamut, std::move(record));
 }
 
-HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableSize& size) {
+HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
   const auto curve = [&](double signal) {
     return ToLight(target.transfer, panel.luminance, signal);
   };
   return MakeBlock(velaricolor::kPostBlendIGC, GammaTable(GammaAxis::kIgc, size, curve));
 }
 
-HwConfigPayload GcBlock(const Panel& panel, const TableSize& size) {
+HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size) {
   const auto curve = [&](double light) { return ToSignal(panel.transfer, light); };
   return MakeBlock(velaricolor::kPostBlendGC, GammaTable(GammaAxis::kGc, size, curve));
 }

@@ -1,28 +1,21 @@
 // The blocks of a mode that are computed from the panel's calibration.
 #pragma once
 
-#include <cstdint>
-
 #include "devkit/reference/panel/panel.h"
+#include "handlers/post_blend_hw_config.h"
 
 namespace tarn::reference {
 
-// Dimensions of a look-up table, set by the host.
-struct TableSize {
-  uint32_t entries;
-  uint32_t bit_depth;
-};
-
-// Those of a device whose host sets none; the plug-in starts with the same.
+// Those of all tables, until the host sets others.
 struct Dimensions {
-  TableSize igc = {257, 12};
-  TableSize gc = {1024, 10};
-  TableSize gamut = {17, 12};
+  TableDimensions igc = kDefaultInverseGamma;
+  TableDimensions gc = kDefaultGamma;
+  TableDimensions gamut = kDefaultGamut;
 };
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableSize& size);
-HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableSize& size);
-HwConfigPayload GcBlock(const Panel& panel, const TableSize& size);
+HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size);
+HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size);
+HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size);
 HwConfigPayload PccBlock(const Panel& panel, const Target& target);
 
 }  // namespace tarn::reference

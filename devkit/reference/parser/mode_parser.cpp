@@ -31,7 +31,7 @@ struct Table {
   uint32_t version;  // of its PostBlendHwConfig
   uint32_t min_entries;
   uint32_t max_entries;
-  TableSize Dimensions::*size;
+  TableDimensions Dimensions::*size;
 };
 
 const Table* FindTable(uint32_t prop) {
@@ -81,10 +81,10 @@ int ModeParser::SetProperty(const TarnPayload& payload) {
   if (table == nullptr) return Refuse("no property " + std::to_string(payload.prop) + " to set");
   const auto* config = RecordOf<PostBlendHwConfig>(&payload, kTag, table->version);
   if (config == nullptr) return kErrInvalid;
-  const TableSize size = {config->num_of_entries, config->bit_depth};
-  if (size.entries < table->min_entries || size.entries > table->max_entries) {
+  const TableDimensions size = {config->num_of_entries, config->bit_depth};
+  if (size.num_of_entries < table->min_entries || size.num_of_entries > table->max_entries) {
     return Refuse(
-        OutOfRange(*table, "entries", size.entries, table->min_entries, table->max_entries));
+        OutOfRange(*table, "entries", size.num_of_entries, table->min_entries, table->max_entries));
   }
   if (size.bit_depth < 1 || size.bit_depth > kMaxBitDepth) {
     return Refuse(OutOfRange(*table, "bits", size.bit_depth, 1, kMaxBitDepth));

@@ -1,0 +1,176 @@
+// The one file that knows the command-line parser, which takes long to compile.
+#include "devkit/zelctl/command_line.h"
+
+#include <CLI/App.hpp>
+#include <CLI/Config.hpp>
+#include <CLI/Formatter.hpp>
+#include <filesystem>
+#include <iostream>
+#include <map>
+#include <memory>
+
+#include "devkit/zelctl/color_transform.h"
+#include "devkit/zelctl/commands.h"
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/help_texts.h"
+#include "devkit/zelctl/input.h"
+#include "devkit/zelctl/ltm_file.h"
+#include "devkit/zelctl/mode_selection.h"
+
+namespace zelctl {
+namespace {
+
+void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
+  app.add_option("--plugin", globals->session.plugin, "The plug-in's library")
+      ->take_last()
+      ->type_name("PATH");
+  app.add_option("--panel", globals->session.panel, "Panel description, handed to the plug-in")
+      ->take_last()
+      ->type_name("PATH");
+  app.add_option("--log-level", globals->session.log_level,
+                 "0 errors, 1 start-up too, 2 everything; default: the\n"
+                 "environment's vendor.display.zelloglevel, or else 1")
+      ->check(CLI::Range(0, 2).description(""))
+      ->type_name("LEVEL");
+  app.add_flag("--json", globals->json, "Print JSON instead of tables");
+}
+
+// An option whose text `parse` turns into a value; its complaint names the option.
+template <typename T>
+void AddParsedOption(CLI::App& command, const std::string& name, std::optional<T>* value,
+                     const char* type, T (*parse)(const std::string&), const char* help) {
+  command
+      .add_option_function<std::string>(
+          name,
+          [=](const std::string& text) {
+            try {
+              *value = parse(text);
+            } catch (const UsageError& e) {
+              throw UsageError(name + ": " + e.what());
+            }
+          },
+          help)
+      ->type_name(type);
+}
+
+void AddTableSize(CLI::App& command, TableSize* size) {
+  const std::string option = "--" + std::string(size->name);
+  command
+      .add_option(option + "-entries", size->entries,
+                  "Entries of the table; default " + std::to_string(size->usual.num_of_entries))
+      ->check(CLI::Range(uint32_t{1}, size->max_entries).description(""))
+      ->type_name("N");
+  command
+      .add_option(option + "-bits", size->bits,
+                  "Bit depth of an entry; default " + std::to_string(size->usual.bit_depth))
+      ->type_name("N");
+}
+
+void AddRenderOptions(CLI::App& command, RenderOptions* options) {
+  AddParsedOption(command, "--color-transform", &options->color_transform, "TRANSFORM",
+                  ParseColorTransform, kColorTransformHelp);
+  AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp);
+  AddParsedOption(command, "--dimming", &options->dimming, "F", ParseNumber,
+                  "Factor on the whole PCC block");
+  for (TableSize* size : {&options->igc, &options->gc, &options->gamut}) {
+    AddTableSize(command, size);
+  }
+  command.add_flag("--calibration", options->calibration, "Announce the calibration mode first");
+}
+
+void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto arguments = std::make_shared<RenderArguments>();
+  auto* command = app.add_subcommand("render", "Switch to a mode and show its hardware blocks");
+  command->add_option("MODE", arguments->mode, kModeHelp)->required()->type_name("");
+  command
+      ->add_option("--from", arguments->from,
+                   "Render this mode first, without settings, into the same\noutput record")
+      ->type_name("MODE");
+  AddRenderOptions(*command, &arguments->options);
+  auto* repeat = command
+                     ->add_option("--repeat", arguments->repeat,
+                                  "Pass the same output record N times, as a host does")
+                     ->check(CLI::Range(1U, 1000U).description(""))
+                     ->type_name("N");
+  command
+      ->add_flag("--steps", arguments->steps,
+                 "Render after each of colour transform, LTM and dimming")
+      ->excludes(repeat);
+  auto* image = command
+                    ->add_option("--image", arguments->image,
+                                 "Send this PNG picture through IGC, gamut, PCC and GC")
+                    ->type_name("IN.png");
+  auto* image_output =
+      command->add_option("-o,--output", arguments->image_output, "Where that picture goes")
+          ->type_name("OUT.png");
+  image->needs(image_output);
+  image_output->needs(image);
+  command->footer(kRenderHelp);
+  command->callback([&globals, arguments] { RunRender(globals, *arguments); });
+}
+
+void AddPlotCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto arguments = std::make_shared<PlotArguments>();
+  auto* command = app.add_subcommand("plot", "Draw a mode: gamut, curves, effect of the PCC block");
+  command->add_option("MODE", arguments->mode, kModeHelp)->required()->type_name("");
+  command->add_option("-o,--output", arguments->output, "The picture; its ending says which kind")
+      ->required()
+      ->type_name("FILE.svg|FILE.png");
+  const std::map<std::string, PlotKind> kinds = {{"all", PlotKind::kAll},
+                                                 {"gamut", PlotKind::kGamut},
+                                                 {"curves", PlotKind::kCurves},
+                                                 {"pcc", PlotKind::kPcc}};
+  command->add_option("--what", arguments->kind, "all, gamut, curves or pcc; default: all")
+      ->transform(CLI::CheckedTransformer(kinds).description(""))
+      ->type_name("PART");
+  AddRenderOptions(*command, &arguments->options);
+  command->footer(kPlotHelp);
+  command->callback([&globals, arguments] { RunPlot(globals, *arguments); });
+}
+
+void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto mode = std::make_shared<std::string>();
+  auto* command = app.add_subcommand("assets", "Show the software assets of a mode");
+  command->add_option("MODE", *mode, kModeHelp)->required()->type_name("");
+  command->callback([&globals, mode] { RunAssets(globals, *mode); });
+}
+
+// A subcommand without arguments.
+void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* name,
+                     const char* help, void (*run)(const GlobalOptions&)) {
+  app.add_subcommand(name, help)->callback([&globals, run] { run(globals); });
+}
+
+}  // namespace
+
+int RunCommandLine(int argc, char** argv) {
+  const auto build = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+  GlobalOptions globals;
+  globals.session.plugin = build / "lib" / "libzeltarn.so";
+  globals.session.panel = build / "panels" / "phone-oled.json";
+
+  CLI::App app("Loads the zeltarn display colour-management plug-in and drives it as a host does.",
+               "zelctl");
+  app.footer(kExamples);
+  app.fallthrough();  // global options may follow the subcommand
+  AddGlobalOptions(app, &globals);
+  AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", RunModes);
+  AddRenderCommand(app, globals);
+  AddPlotCommand(app, globals);
+  AddAssetsCommand(app, globals);
+  AddPlainCommand(app, globals, "dither", "Show the global dither configuration", RunDither);
+  AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", RunCaps);
+
+  try {
+    app.parse(argc, argv);
+    if (app.get_subcommands().empty()) throw UsageError("which subcommand? See zelctl --help");
+  } catch (const CLI::Success& help) {
+    app.exit(help);
+  } catch (const CLI::Error& e) {
+    throw UsageError(e.what());
+  }
+  if (!std::cout.flush()) throw std::runtime_error("can't write to standard output");
+  return 0;
+}
+
+}  // namespace zelctl

@@ -1,0 +1,35 @@
+// The longer texts of --help.
+#pragma once
+
+namespace zelctl {
+
+inline constexpr const char* kExamples =
+    "Examples:\n"
+    "  zelctl modes\n"
+    "  zelctl render srgb\n"
+    "  zelctl render 1 --color-transform night:3400 --dimming 0.6 --steps\n"
+    "  zelctl render srgb --from native --json\n"
+    "  zelctl render srgb --image in.png -o out.png\n"
+    "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
+    "  zelctl --panel my-panel.json --log-level 2 assets native\n"
+    "\n"
+    "Exit status: 0; 1 when a call of the plug-in failed; 2 for a wrong mode, file or number.";
+
+inline constexpr const char* kRenderHelp =
+    "The second table shows the PCC block after each call: per output channel its offset (in\n"
+    "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.\n"
+    "\n"
+    "A picture's values are the mode's signal, 8 bits per channel (a file that states a gamma\n"
+    "of its own is read as sRGB). Those of the output picture are what the panel is driven with\n"
+    "after the last call: shown on the panel itself, with no colour management, they look like\n"
+    "the mode. Alpha is kept. At the default table sizes the darkest codes become black, as\n"
+    "they do on a device; --igc-bits 16 tells them apart.";
+
+inline constexpr const char* kPlotHelp =
+    "gamut   CIE 1931 xy: the panel's primaries, those of the mode's content (target), and what\n"
+    "        is shown of them with all settings; both primaries are read from --panel\n"
+    "curves  the IGC and GC tables\n"
+    "pcc     what the PCC block makes of red, green, blue and white: for the mode alone, then\n"
+    "        with colour transform, LTM and dimming, as far as they are given";
+
+}  // namespace zelctl
