@@ -44,6 +44,7 @@ Mat3 BradfordAdaptation(const Chromaticity& from, const Chromaticity& to) {
 }
 
 Mat3 ConversionMatrix(const Primaries& from, const Primaries& to, bool adaptation) {
+  if (from == to) return kIdentity;
   const Mat3 from_xyz = Inverse(RgbToXyz(to));
   if (adaptation) {
     const Mat3 adapted = Multiply(BradfordAdaptation(from.white, to.white), RgbToXyz(from));

@@ -10,6 +10,8 @@ namespace tarn::color {
 struct Chromaticity {
   double x = 0;
   double y = 0;
+
+  bool operator==(const Chromaticity&) const = default;
 };
 
 struct Primaries {
@@ -17,6 +19,8 @@ struct Primaries {
   Chromaticity green;
   Chromaticity blue;
   Chromaticity white;
+
+  bool operator==(const Primaries&) const = default;
 };
 
 // ISO 11664-2 and IEC 61966-2-1, as the video standards print it.
@@ -39,8 +43,8 @@ inline constexpr Primaries kBt2020 = {{0.708, 0.292}, {0.170, 0.797}, {0.131, 0.
 // one line.
 double TriangleArea(const Primaries& p);
 
-// Luminance of red, green and blue in a white of luminance 1. One of them is
-// not positive when the white lies outside the triangle.
+// Luminance of red, green and blue in a white of luminance 1. The one of a
+// primary is 0 for a white on the side opposite to it, negative beyond.
 Vec3 LuminanceWeights(const Primaries& p);
 
 // Linear RGB to XYZ (SMPTE RP 177). The primaries must span a triangle.
@@ -52,7 +56,8 @@ Mat3 BradfordAdaptation(const Chromaticity& from, const Chromaticity& to);
 
 // Linear light of `from` to linear light of `to`. With adaptation white becomes
 // white. Without it colours stay what they are, but for a common dimming that
-// lets white fit: its largest component becomes 1.
+// lets white fit: its largest component becomes 1. Exactly the identity between
+// equal primaries, so that later stages need not tell rounding from crosstalk.
 Mat3 ConversionMatrix(const Primaries& from, const Primaries& to, bool adaptation);
 
 }  // namespace tarn::color

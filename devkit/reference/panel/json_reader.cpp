@@ -44,12 +44,12 @@ int64_t JsonValue::Integer(int64_t low, int64_t high) const {
 }
 
 std::string JsonValue::Text() const {
-  if (!value_->is_string()) Refuse("expected a text");
+  if (!IsString()) Refuse("expected a text");
   return value_->get<std::string>();
 }
 
 std::vector<JsonValue> JsonValue::Elements(size_t min, size_t max) const {
-  if (!value_->is_array() || value_->size() < min || value_->size() > max) {
+  if (!IsArray() || value_->size() < min || value_->size() > max) {
     if (min == max) Refuse("expected an array of " + std::to_string(min));
     Refuse(Expected("an array with a length", min, max));
   }
@@ -62,7 +62,7 @@ std::vector<JsonValue> JsonValue::Elements(size_t min, size_t max) const {
 }
 
 ObjectReader::ObjectReader(const JsonValue& object) : object_(object) {
-  if (!object.value_->is_object()) object.Refuse("expected an object");
+  if (!object.IsObject()) object.Refuse("expected an object");
 }
 
 std::optional<JsonValue> ObjectReader::Find(const std::string& key) {

@@ -27,6 +27,8 @@ class JsonValue {
   [[noreturn]] void Refuse(const std::string& reason) const;
 
   bool IsString() const { return value_->is_string(); }
+  bool IsObject() const { return value_->is_object(); }
+  bool IsArray() const { return value_->is_array(); }
 
   bool Bool() const;
   double Number(Range range) const;

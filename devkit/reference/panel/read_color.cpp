@@ -23,6 +23,13 @@ T Named(const JsonValue& value, const std::map<std::string, T>& names) {
   value.Refuse("expected one of " + known);
 }
 
+// Whether the value is a name. Where it is not, it must be what else may stand
+// in the name's place.
+bool IsName(const JsonValue& value, bool is_other, const char* other) {
+  if (!value.IsString() && !is_other) value.Refuse(std::string("expected a name or ") + other);
+  return value.IsString();
+}
+
 Chromaticity ReadChromaticity(const JsonValue& value, Range x, Range y) {
   const std::vector<JsonValue> xy = value.Elements(2, 2);
   return {xy[0].Number(x), xy[1].Number(y)};
@@ -54,27 +61,33 @@ Primaries ReadPrimaries(const JsonValue& value) {
 }
 
 void CheckWhite(const Primaries& p, const JsonValue& value) {
+  // Towards the edge a primary's share vanishes, and light in it grows without bound.
+  constexpr double kSmallestWeight = 0.001;
   const color::Vec3 weights = LuminanceWeights(p);
-  if (*std::min_element(weights.begin(), weights.end()) <= 0) {
-    value.Refuse("white lies outside the triangle of the primaries");
+  if (*std::min_element(weights.begin(), weights.end()) < kSmallestWeight) {
+    value.Refuse("white lies outside the triangle of the primaries, or too near to its edge");
   }
 }
 
 std::vector<color::RampPoint> ReadRamp(const JsonValue& value) {
   std::vector<color::RampPoint> ramp;
-  for (const JsonValue& element : value.Elements(2, 1024)) {
+  const std::vector<JsonValue> elements = value.Elements(2, 1024);
+  for (const JsonValue& element : elements) {
     const std::vector<JsonValue> pair = element.Elements(2, 2);
-    const color::RampPoint point = {pair[0].Number({0, 1}), pair[1].Number({0, 10000})};
-    if (!ramp.empty() && (point.signal <= ramp.back().signal || point.light <= ramp.back().light)) {
-      element.Refuse("signal and luminance must rise");
-    }
-    ramp.push_back(point);
+    ramp.push_back({pair[0].Number({0, 1}), pair[1].Number({0, 10000})});
   }
   if (ramp.front().signal != 0 || ramp.back().signal != 1) {
     value.Refuse("signals must reach from 0 to 1");
   }
   const double black = ramp.front().light;
   const double range = ramp.back().light - black;
+  constexpr double kSmallestRise = 1e-9;  // smaller ones could vanish in the division below
+  for (size_t i = 1; i < ramp.size(); ++i) {
+    if (ramp[i].signal - ramp[i - 1].signal <= kSmallestRise ||
+        ramp[i].light - ramp[i - 1].light <= kSmallestRise * range) {
+      elements[i].Refuse("signal and light must rise, by more than 1e-9 of their range");
+    }
+  }
   for (color::RampPoint& point : ramp) point.light = (point.light - black) / range;
   return ramp;
 }
@@ -98,12 +111,12 @@ TransferFunction ReadOwnCurve(const JsonValue& value) {
 TransferFunction OfCurve(Curve curve) { return {.curve = curve, .gamma = 1, .ramp = {}}; }
 
 TransferFunction ReadPanelTransfer(const JsonValue& value) {
-  if (!value.IsString()) return ReadOwnCurve(value);
+  if (!IsName(value, value.IsObject(), "an object")) return ReadOwnCurve(value);
   return OfCurve(Named<Curve>(value, {{"linear", Curve::kLinear}, {"srgb", Curve::kSrgb}}));
 }
 
 TransferFunction ReadTargetTransfer(const JsonValue& value, const TransferFunction& panel) {
-  if (!value.IsString()) return ReadOwnCurve(value);
+  if (!IsName(value, value.IsObject(), "an object")) return ReadOwnCurve(value);
   return Named<TransferFunction>(value, {{kPanelItself, panel},
                                          {"linear", OfCurve(Curve::kLinear)},
                                          {"srgb", OfCurve(Curve::kSrgb)},
@@ -113,7 +126,7 @@ TransferFunction ReadTargetTransfer(const JsonValue& value, const TransferFuncti
 }
 
 Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
-  if (value.IsString()) {
+  if (IsName(value, value.IsObject(), "an object")) {
     return Named<Primaries>(value, {{kPanelItself, panel},
                                     {"srgb", color::kSrgb},
                                     {"display_p3", color::kDisplayP3},
@@ -126,7 +139,7 @@ Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
 }
 
 Chromaticity ReadTargetWhite(const JsonValue& value, const Chromaticity& panel) {
-  if (!value.IsString()) return ReadWhite(value);
+  if (!IsName(value, value.IsArray(), "an array of 2")) return ReadWhite(value);
   return Named<Chromaticity>(value, {{kPanelItself, panel},
                                      {"D50", color::kD50},
                                      {"D65", color::kD65},
@@ -138,7 +151,7 @@ color::Luminance ReadLuminance(const JsonValue& value) {
   color::Luminance luminance;
   luminance.peak = in.Need("peak").Number({1, 10000});
   // Below that contrast HLG's black lift would leave its square-law segment.
-  constexpr double kLowestContrast = 50;
+  constexpr double kLowestContrast = 100;
   luminance.black = in.Number("black", {0, luminance.peak / kLowestContrast}, 0);
   in.Finish();
   return luminance;
@@ -164,10 +177,11 @@ Target ReadTarget(const JsonValue& value, const Panel& panel) {
   if (const auto primaries = in.Find("primaries")) {
     target.primaries = ReadTargetPrimaries(*primaries, panel.primaries);
   }
-  if (const auto white = in.Find("white")) {
+  const auto white = in.Find("white");
+  if (white) {
     target.primaries.white = ReadTargetWhite(*white, panel.primaries.white);
   }
-  CheckWhite(target.primaries, value);
+  CheckWhite(target.primaries, white.value_or(value));
   if (const auto transfer = in.Find("transfer")) {
     target.transfer = ReadTargetTransfer(*transfer, panel.transfer);
   }

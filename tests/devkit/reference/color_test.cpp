@@ -49,6 +49,9 @@ TEST(Primaries, WhiteOfAConversion) {
   const Vec3 adapted = Multiply(ConversionMatrix(kDciP3, kSrgb, true), Vec3{1, 1, 1});
   const Vec3 absolute = Multiply(ConversionMatrix(kDciP3, kSrgb, false), Vec3{1, 1, 1});
   for (const double component : adapted) EXPECT_NEAR(component, 1, 1e-12);
+  for (const bool adaptation : {false, true}) {
+    EXPECT_EQ(ConversionMatrix(kDciP3, kDciP3, adaptation), kIdentity);
+  }
   // The greener white stays greener, and none of its components exceeds 1.
   EXPECT_NEAR(absolute[1], 1, 1e-12);
   EXPECT_LT(absolute[0], 0.97);
@@ -119,8 +122,11 @@ TEST(TransferFunction, HdrCurvesAreRelativeToThePanelsRange) {
   EXPECT_EQ(ToLight(pq, panel, 0), 0);
   EXPECT_NEAR(ToLight(pq, panel, 0.508078), (100 - 0.5) / (600 - 0.5), 1e-5);
   EXPECT_EQ(ToLight(pq, panel, 0.9), 1) << "above the panel's peak";
-  EXPECT_NEAR(ToLight(hlg, panel, 0), 0, 1e-12);
-  EXPECT_NEAR(ToLight(hlg, panel, 1), 1, 1e-6);
+  // Also on the brightest and least contrasty panel that can be described.
+  for (const Luminance& display : {panel, Luminance{10000, 100}}) {
+    EXPECT_NEAR(ToLight(hlg, display, 0), 0, 1e-12);
+    EXPECT_NEAR(ToLight(hlg, display, 1), 1, 1e-6);
+  }
 }
 
 }  // namespace

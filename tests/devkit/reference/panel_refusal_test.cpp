@@ -62,8 +62,11 @@ TEST_F(PanelFile, WrongValues) {
   struct Case {
     const char* pointer;  // place of `value` in the smallest description
     const char* value;    // in JSON; empty removes the place
-    const char* refusal;
+    std::string refusal;
   };
+  const std::string outside =
+      ": white lies outside the triangle of the primaries, or too near to its edge";
+  const std::string rise = ": signal and light must rise, by more than 1e-9 of their range";
   const Case cases[] = {
       {"/format", "", "$: key \"format\" is missing"},
       {"/format", "2", "$.format: expected 1"},
@@ -77,9 +80,13 @@ TEST_F(PanelFile, WrongValues) {
       {"/panel/primaries/green", "[0.395, 0.195]",
        "$.panel.primaries: red, green and blue lie on one line"},
       {"/panel/white", "[0.3, 0.5]", "$.panel.white[1]: expected a number from 0.25 to 0.45"},
-      {"/panel/white", "[0.2, 0.45]",
-       "$.panel.white: white lies outside the triangle of the primaries"},
-      {"/panel/luminance/black", "11", "$.panel.luminance.black: expected a number from 0 to 10"},
+      {"/panel/white", "[0.2, 0.45]", "$.panel.white" + outside},
+      {"/panel",
+       R"({"primaries": {"red": [0.6, 0.3], "green": [0.3, 0.6], "blue": [0.15, 0.06]},
+           "white": [0.45, 0.45], "luminance": {"peak": 500}, "transfer": "srgb"})",
+       "$.panel.white" + outside},
+      {"/panel/luminance/black", "5.1", "$.panel.luminance.black: expected a number from 0 to 5"},
+      {"/panel/transfer", "5", "$.panel.transfer: expected a name or an object"},
       {"/panel/transfer", "\"st2084\"", "$.panel.transfer: expected one of linear, srgb"},
       {"/panel/transfer", "{}", "$.panel.transfer: expected the key \"gamma\" or \"ramp\""},
       {"/panel/transfer", "{\"gamma\": 0.9}",
@@ -89,9 +96,10 @@ TEST_F(PanelFile, WrongValues) {
       {"/panel/transfer", "{\"ramp\": [[0, 0]]}",
        "$.panel.transfer.ramp: expected an array with a length from 2 to 1024"},
       {"/panel/transfer", "{\"ramp\": [[0, 0], [0.5, 0.2], [0.5, 0.3], [1, 1]]}",
-       "$.panel.transfer.ramp[2]: signal and luminance must rise"},
-      {"/panel/transfer", "{\"ramp\": [[0, 1], [1, 1]]}",
-       "$.panel.transfer.ramp[1]: signal and luminance must rise"},
+       "$.panel.transfer.ramp[2]" + rise},
+      {"/panel/transfer", "{\"ramp\": [[0, 0], [0.25, 1e-320], [0.5, 2e-320], [1, 10000]]}",
+       "$.panel.transfer.ramp[1]" + rise},
+      {"/panel/transfer", "{\"ramp\": [[0, 1], [1, 1]]}", "$.panel.transfer.ramp[1]" + rise},
       {"/panel/transfer", "{\"ramp\": [[0.1, 0], [1, 1]]}",
        "$.panel.transfer.ramp: signals must reach from 0 to 1"},
       {"/panel/bit_depth", "10.5", "$.panel.bit_depth: expected an integer from 6 to 16"},
@@ -110,8 +118,14 @@ TEST_F(PanelFile, WrongValues) {
        "$.modes[1]: has the label of an earlier mode"},
       {"/modes/0/target", "{\"primaries\": \"sRGB\"}",
        "$.modes[0].target.primaries: expected one of bt2020, dcip3, display_p3, panel, srgb"},
-      {"/modes/0/target", "{\"white\": [0.2, 0.45]}",
-       "$.modes[0].target: white lies outside the triangle of the primaries"},
+      {"/modes/0/target", "{\"white\": [0.2, 0.45]}", "$.modes[0].target.white" + outside},
+      {"/modes/0/target", R"({"primaries": {"red": [0.7, 0.3], "green": [0.2, 0.7],
+           "blue": [0.35, 0.3]}})",
+       "$.modes[0].target" + outside},
+      {"/modes/0/target", "{\"white\": 6500}",
+       "$.modes[0].target.white: expected a name or an array of 2"},
+      {"/modes/0/target", "{\"primaries\": []}",
+       "$.modes[0].target.primaries: expected a name or an object"},
       {"/modes/0/target", "{\"adaptation\": 1}",
        "$.modes[0].target.adaptation: expected true or false"},
       {"/modes/0/blocks", "{\"de\": {\"params\": \"0g\"}}",
