@@ -38,7 +38,7 @@ enum class ComposeError {
   kNone,
   kNotFinite,         // a coefficient of an operand is infinite or not a number
   kNotRepresentable,  // the composition has other terms than the eleven
-  kOutOfRange,        // an intermediate value is too large or too small for a double
+  kOutOfRange,        // an intermediate value exceeds a double, or loses bits to underflow
 };
 
 // Sets `result` to the polynomial that gives trans(active(colour)) for every

@@ -6,8 +6,15 @@
 namespace tarn::reference {
 namespace {
 
-// A product below this may have an error term that underflows.
-constexpr double kSmallestProduct = DBL_MIN * 0x1p54;
+// Whether `product` is the exact one of its factors, or lacks only what a double
+// can hold. It may lack more where its last bits underflow.
+bool KeepsEveryBit(double a, double b, double product) {
+  if (std::abs(product) >= DBL_MIN * 0x1p54) return true;
+  int unused = 0;
+  const double a_digits = std::frexp(a, &unused);
+  const double b_digits = std::frexp(b, &unused);
+  return std::abs(product) >= DBL_MIN && std::fma(a_digits, b_digits, -a_digits * b_digits) == 0;
+}
 
 }  // namespace
 
@@ -37,7 +44,7 @@ ExactSum ExactSum::Times(double factor) const {
   if (factor == 0) return result;
   for (const double part : parts_) {
     const double product = part * factor;
-    result.exact_ = result.exact_ && std::abs(product) >= kSmallestProduct;
+    result.exact_ = result.exact_ && KeepsEveryBit(part, factor, product);
     result.Add(std::fma(part, factor, -product));
     result.Add(product);
   }

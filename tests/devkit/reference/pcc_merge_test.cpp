@@ -79,6 +79,8 @@ TEST_F(PccMerge, EqualsApplyingOneAfterTheOther) {
       {"all terms after a permutation", [&] { return Random(kAll); }, [] { return Permutation(); }},
       {"quadratic after affine", [&] { return Random(kQuadratic); },
        [&] { return Random(kAffine); }},
+      {"a tiny matrix after a power of two", [] { return Diagonal(3e-306, -0x1p-1022, 1e-300); },
+       [] { return Diagonal(1, 1, 0.25); }},
       {"affine after a disabled channel", [&] { return Random(kAffine); },
        [] { return Diagonal(0, 1, 1); }},
       {"all terms after an offset along each axis", [&] { return Random(kAll); },
@@ -97,7 +99,7 @@ TEST_F(PccMerge, EqualsApplyingOneAfterTheOther) {
       ASSERT_EQ(Merge(trans, active), 0) << c.what;
       const std::array<double, 3> rgb = {component(random_), component(random_),
                                          component(random_)};
-      // Relative to the size of what is summed, which may cancel.
+      // The tolerance is relative to the sum of the terms' magnitudes: they may cancel.
       const auto magnitude = [](pcc_coeff_data pcc, std::array<double, 3> color) {
         for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
           for (double& c0 : *row) c0 = std::abs(c0);
@@ -168,6 +170,8 @@ TEST_F(PccMerge, RefusesWhatItCannotRepresent) {
            {"infinity", with(-kInfinity, &pcc_coeff_data::r, 4), identity, -EINVAL},
            {"overflow", with(1e200, &pcc_coeff_data::r, 1), with(1e200, &pcc_coeff_data::r, 1),
             -ERANGE},
+           {"bits lost to underflow", with(3e-306, &pcc_coeff_data::r, 1),
+            with(0.3, &pcc_coeff_data::r, 1), -ERANGE},
            {"underflow", with(1e-200, &pcc_coeff_data::r, 1), with(1e-200, &pcc_coeff_data::r, 1),
             -ERANGE},
        }) {
