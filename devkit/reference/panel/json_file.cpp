@@ -40,6 +40,10 @@ class Checker : public nlohmann::json_sax<json> {
  public:
   // Throws PanelError unless `text` is good JSON.
   static void Check(const std::string& text) {
+    // The parser would take it for the end.
+    if (const size_t nul = text.find('\0'); nul != std::string::npos) {
+      throw PanelError(LineOf(text, nul) + ": holds a NUL byte");
+    }
     Checker checker(text);
     json::sax_parse(checker.stream_, &checker);
   }
@@ -58,7 +62,7 @@ class Checker : public nlohmann::json_sax<json> {
 
   bool key(string_t& name) override {
     if (keys_.back().insert(name).second) return true;
-    Refuse("key " + ShownKey(name) + " stands twice in one object");
+    Refuse("key " + ShownText(name) + " stands twice in one object");
   }
 
   bool parse_error(size_t position, const std::string& /*token*/,
@@ -111,9 +115,9 @@ json ReadJsonFile(const std::string& path) {
   return json::parse(text);
 }
 
-std::string ShownKey(const std::string& key) {
+std::string ShownText(const std::string& text) {
   constexpr size_t kMaxShown = 40;
-  const std::string quoted = json(key).dump(-1, ' ', true);
+  const std::string quoted = json(text).dump(-1, ' ', true);
   return quoted.size() <= kMaxShown ? quoted : quoted.substr(0, kMaxShown) + "...";
 }
 

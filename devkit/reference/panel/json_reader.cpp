@@ -95,7 +95,7 @@ int64_t ObjectReader::Integer(const std::string& key, int64_t low, int64_t high,
 
 void ObjectReader::Finish() const {
   for (const auto& entry : object_.value_->items()) {
-    if (!known_.contains(entry.key())) object_.Refuse("unknown key " + ShownKey(entry.key()));
+    if (!known_.contains(entry.key())) object_.Refuse("unknown key " + ShownText(entry.key()));
   }
 }
 

@@ -79,7 +79,7 @@ std::string ReadBlob(ObjectReader* in) {
   if (hex.has_value() == text.has_value()) {
     in->Object().Refuse("expected either \"hex\" or \"text\"");
   }
-  return hex ? BytesOf(*hex, kMaxBlobBytes) : text->Text();
+  return hex ? BytesOf(*hex, kMaxBlobBytes) : TextBytesOf(*text, kMaxBlobBytes);
 }
 
 HwConfigPayload ReadHdrBlob(const JsonValue& value) {

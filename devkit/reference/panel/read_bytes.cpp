@@ -3,14 +3,19 @@
 #include <charconv>
 
 namespace tarn::reference {
+namespace {
+
+void CheckSize(const JsonValue& value, size_t size, size_t max) {
+  if (size <= max) return;
+  value.Refuse("expected at most " + std::to_string(max) + " bytes, found " + std::to_string(size));
+}
+
+}  // namespace
 
 std::string BytesOf(const JsonValue& value, size_t max) {
   const std::string digits = value.Text();
   if (digits.size() % 2 != 0) value.Refuse("expected two hexadecimal digits per byte");
-  if (digits.size() / 2 > max) {
-    value.Refuse("expected at most " + std::to_string(max) + " bytes, found " +
-                 std::to_string(digits.size() / 2));
-  }
+  CheckSize(value, digits.size() / 2, max);
   std::string bytes;
   bytes.reserve(digits.size() / 2);
   for (size_t i = 0; i < digits.size(); i += 2) {
@@ -22,6 +27,12 @@ std::string BytesOf(const JsonValue& value, size_t max) {
     bytes.push_back(static_cast<char>(byte));
   }
   return bytes;
+}
+
+std::string TextBytesOf(const JsonValue& value, size_t max) {
+  std::string text = value.Text();
+  CheckSize(value, text.size(), max);
+  return text;
 }
 
 }  // namespace tarn::reference

@@ -20,6 +20,9 @@ inline constexpr size_t kMaxBlobBytes = 1 << 20;
 // A text of hexadecimal digits, two per byte, of at most `max` bytes.
 std::string BytesOf(const JsonValue& value, size_t max);
 
+// The bytes of a text as they are, of which there are at most `max`.
+std::string TextBytesOf(const JsonValue& value, size_t max);
+
 template <size_t N>
 void ReadBytes(const std::optional<JsonValue>& value, std::array<uint8_t, N>* bytes) {
   if (!value) return;

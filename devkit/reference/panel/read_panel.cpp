@@ -17,21 +17,40 @@ constexpr int64_t kMaxShortId = 254;
 constexpr int64_t kMaxIntentId = 65534;
 constexpr size_t kMaxModes = 4096;
 
-std::string ReadLabel(const JsonValue& value) {
-  std::string label = value.Text();
-  if (label.empty()) value.Refuse("must not be empty");
-  return label;
+constexpr size_t kMaxLabel = 64;
+constexpr size_t kMaxName = 256;
+
+// Those of ASCII and, as UTF-8, of Unicode: they break the lines of lists and logs.
+bool HasControlCharacter(const std::string& text) {
+  uint8_t before = 0;
+  for (const char c : text) {
+    const auto byte = static_cast<uint8_t>(c);
+    if (byte < 0x20 || byte == 0x7f || (before == 0xc2 && byte < 0xa0)) return true;
+    before = byte;
+  }
+  return false;
+}
+
+// A text that people read, in one line.
+std::string ReadLine(const JsonValue& value, size_t max) {
+  std::string text = value.Text();
+  const auto length = static_cast<size_t>(std::count_if(
+      text.begin(), text.end(), [](char c) { return (static_cast<uint8_t>(c) & 0xc0) != 0x80; }));
+  if (length < 1 || length > max || HasControlCharacter(text)) {
+    value.Refuse("expected 1 to " + std::to_string(max) + " characters, none a control character");
+  }
+  return text;
 }
 
 ColorMode ReadId(ObjectReader* in) {
   ColorMode id;
-  id.label = ReadLabel(in->Need("label"));
+  id.label = ReadLine(in->Need("label"), kMaxLabel);
   id.gamut = static_cast<uint32_t>(in->Need("gamut").Integer(0, kMaxShortId));
   id.gamma = static_cast<uint32_t>(in->Need("gamma").Integer(0, kMaxShortId));
   id.intent = static_cast<uint32_t>(in->Need("intent").Integer(0, kMaxIntentId));
   if (const auto assets = in->Find("hw_assets")) {
     for (const JsonValue& asset : assets->Elements(0, 64)) {
-      id.hw_assets.push_back(ReadLabel(asset));
+      id.hw_assets.push_back(ReadLine(asset, kMaxLabel));
     }
   }
   return id;
@@ -57,7 +76,7 @@ void CheckUnique(const Mode& mode, const std::vector<Mode>& others, const JsonVa
   const auto ids = [](const ColorMode& m) { return std::tie(m.gamut, m.gamma, m.intent); };
   for (const Mode& other : others) {
     if (ids(other.id) == ids(mode.id)) {
-      value.Refuse("has the ids of mode \"" + other.id.label + "\"");
+      value.Refuse("has the ids of mode " + ShownText(other.id.label));
     }
     if (other.id.label == mode.id.label) value.Refuse("has the label of an earlier mode");
   }
@@ -66,7 +85,7 @@ void CheckUnique(const Mode& mode, const std::vector<Mode>& others, const JsonVa
 Panel ReadRoot(const JsonValue& value) {
   ObjectReader in(value);
   in.Need("format").Integer(1, 1);
-  in.Need("name").Text();
+  ReadLine(in.Need("name"), kMaxName);
   Panel panel;
   ReadCalibration(in.Need("panel"), &panel);
   if (const auto dither = in.Find("dither")) {

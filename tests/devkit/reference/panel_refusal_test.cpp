@@ -26,6 +26,18 @@ const char* const kSmallest = R"({
   "modes": [{"label": "native", "gamut": 0, "gamma": 0, "intent": 0}]
 })";
 
+// The smallest description with another text in the place of `from`.
+std::string With(const std::string& from, const std::string& to) {
+  std::string text = kSmallest;
+  return text.replace(text.find(from), from.size(), to);
+}
+
+// With a blob of `size` bytes.
+std::string WithBlob(size_t size) {
+  return With("\"intent\": 0", R"("intent": 0, "sw_assets": {"hdr_blob": {"text": ")" +
+                                   std::string(size, 'x') + "\"}}");
+}
+
 class PanelFile : public testing::Test {
  protected:
   ~PanelFile() override { std::filesystem::remove(path_); }
@@ -56,7 +68,15 @@ class PanelFile : public testing::Test {
                             std::to_string(getpid()) + ".json";
 };
 
-TEST_F(PanelFile, SmallestIsAccepted) { EXPECT_EQ(Refusal(kSmallest), ""); }
+TEST_F(PanelFile, SmallestAndBoundsAreAccepted) {
+  std::string letters;
+  while (letters.size() < 2 * 64) letters += "\u00e9";
+  for (const std::string& text :
+       {std::string(kSmallest), "\xef\xbb\xbf" + std::string(kSmallest), With("native", letters),
+        WithBlob(1 << 20), With("\"peak\": 500", "\"peak\": 10000, \"black\": 100")}) {
+    EXPECT_EQ(Refusal(text), "") << text.substr(0, 300);
+  }
+}
 
 TEST_F(PanelFile, WrongValues) {
   struct Case {
@@ -64,6 +84,7 @@ TEST_F(PanelFile, WrongValues) {
     const char* value;    // in JSON; empty removes the place
     std::string refusal;
   };
+  const std::string line = ": expected 1 to 64 characters, none a control character";
   const std::string outside =
       ": white lies outside the triangle of the primaries, or too near to its edge";
   const std::string rise = ": signal and light must rise, by more than 1e-9 of their range";
@@ -107,7 +128,11 @@ TEST_F(PanelFile, WrongValues) {
       {"/dither", "{\"matrix\": [0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,16]}",
        "$.dither.matrix[15]: expected an integer from 0 to 15"},
       {"/modes", "[]", "$.modes: expected an array with a length from 1 to 4096"},
-      {"/modes/0/label", "\"\"", "$.modes[0].label: must not be empty"},
+      {"/name", "\"\"", "$.name: expected 1 to 256 characters, none a control character"},
+      {"/modes/0/label", "\"\"", "$.modes[0].label" + line},
+      {"/modes/0/label", "\"two\\nlines\"", "$.modes[0].label" + line},
+      {"/modes/0/label", "\"\\u009b\"", "$.modes[0].label" + line},
+      {"/modes/0/hw_assets", "[\"\\u0000\"]", "$.modes[0].hw_assets[0]" + line},
       {"/modes/0/gamut", "255", "$.modes[0].gamut: expected an integer from 0 to 254"},
       {"/modes/0/intent", "18446744073709551615",
        "$.modes[0].intent: expected an integer from 0 to 65534"},
@@ -169,10 +194,6 @@ TEST_F(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
 
 TEST_F(PanelFile, WrongTexts) {
   const std::string smallest = kSmallest;
-  const auto with = [&](const std::string& from, const std::string& to) {
-    std::string text = smallest;
-    return text.replace(text.find(from), from.size(), to);
-  };
   struct Case {
     std::string text;
     const char* start;  // of the refusal
@@ -180,16 +201,20 @@ TEST_F(PanelFile, WrongTexts) {
   const Case cases[] = {
       {"", "line 1: syntax error"},
       {"{\n\n\"format\": 1,\n}", "line 4: syntax error"},
-      {with("500", "500,,"), "line 7: syntax error"},
-      {with("0.329", "NaN"), "line 6: syntax error"},
-      {with("500", "1e999"), "line 7: number overflow"},
+      {With("500", "500,,"), "line 7: syntax error"},
+      {With("0.329", "NaN"), "line 6: syntax error"},
+      {With("500", "1e999"), "line 7: number overflow"},
       {smallest.substr(0, smallest.size() - 1), "line 11: syntax error"},
-      {with("\"smallest\"", "\"\xc3\x28\""), "line 3: syntax error"},
-      {with("\"peak\": 500", "\"peak\": 500, \"peak\": 600"),
+      {With("\"smallest\"", "\"\xc3\x28\""), "line 3: syntax error"},
+      {With("\"peak\": 500", "\"peak\": 500, \"peak\": 600"),
        "line 7: key \"peak\" stands twice in one object"},
       {"\n" + std::string(100000, '['), "line 2: nested too deeply"},
+      {smallest + std::string("\n\0 }}}", 6), "line 12: holds a NUL byte"},
       {"[" + smallest + "]", "$: expected an object"},
-      {with("smallest", std::string(17 << 20, 'x')), "larger than 16 MiB"},
+      {With("native", std::string(65, 'x')), "$.modes[0].label: expected 1 to 64 characters"},
+      {WithBlob((1 << 20) + 1),
+       "$.modes[0].sw_assets.hdr_blob.text: expected at most 1048576 bytes, found 1048577"},
+      {With("smallest", std::string(17 << 20, 'x')), "larger than 16 MiB"},
   };
   for (const Case& c : cases) {
     const std::string refusal = Refusal(c.text);
