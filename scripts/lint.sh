@@ -5,5 +5,5 @@ cd "$(dirname "$0")/.."
 
 scripts/build.sh release
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
-git ls-files '*.cpp' | xargs -P "$(nproc)" -n 4 clang-tidy -p build/release --quiet 2>/dev/null
+git ls-files '*.cpp' | xargs -P "$(nproc)" -n 1 clang-tidy -p build/release --quiet 2>/dev/null
 echo "clang-format and clang-tidy: clean"
