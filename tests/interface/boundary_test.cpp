@@ -40,6 +40,11 @@ static_assert(kApart<tarn::PaDitherPostBlendConfig, velaricolor::PaDitherPostBle
 static_assert(kApart<tarn::HdrBlobPostBlendConfig, velaricolor::HdrBlobPostBlendConfig>);
 static_assert(kApart<tarn::GameBlobPostBlendConfig, velaricolor::GameBlobPostBlendConfig>);
 
+#ifdef __aarch64__
+// Built with the options of the plug-in: signed return addresses, marked branch targets.
+static_assert(__ARM_FEATURE_PAC_DEFAULT != 0 && __ARM_FEATURE_BTI_DEFAULT != 0);
+#endif
+
 void** SlotsOf(void* object) { return *static_cast<void***>(object); }
 
 // Calls an operation as a separately built binary does: by the number of its slot.
