@@ -22,7 +22,7 @@ struct RenderArguments {
   bool steps = false;
   uint32_t repeat = 1;
   RenderOptions options;
-  std::string image;  // empty: no picture
+  std::optional<std::string> image;  // a picture to send through the blocks
   std::string image_output;
 };
 

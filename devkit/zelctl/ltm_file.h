@@ -13,7 +13,8 @@ inline constexpr const char* kLtmHelp =
     "is 4 numbers (offset in 1/255, R, G, B) or all 11 terms;\n"
     "enable may be left out";
 
-// Throws UsageError, with the file and the place in it.
+// Throws UsageError, with the file and the place in it. Read as strictly as a
+// panel description.
 velaricolor::PccPostBlendConfig ReadLtmFile(const std::string& path);
 
 }  // namespace zelctl

@@ -50,9 +50,9 @@ void RenderImage(const RenderArguments& arguments, Picture picture,
 
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
   std::optional<Picture> picture;
-  if (!arguments.image.empty()) {
+  if (arguments.image) {
     RequireEnding(arguments.image_output, {".png"});
-    picture = ReadPng(arguments.image);
+    picture = ReadPng(*arguments.image);
   }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);

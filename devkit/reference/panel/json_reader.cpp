@@ -27,6 +27,11 @@ bool JsonValue::Bool() const {
   return value_->get<bool>();
 }
 
+double JsonValue::Number() const {
+  if (!value_->is_number()) Refuse("expected a number");
+  return value_->get<double>();
+}
+
 double JsonValue::Number(Range range) const {
   const double number = value_->is_number() ? value_->get<double>() : 0;
   if (!value_->is_number() || number < range.low || number > range.high) {
@@ -53,6 +58,11 @@ std::vector<JsonValue> JsonValue::Elements(size_t min, size_t max) const {
     if (min == max) Refuse("expected an array of " + std::to_string(min));
     Refuse(Expected("an array with a length", min, max));
   }
+  return Elements();
+}
+
+std::vector<JsonValue> JsonValue::Elements() const {
+  if (!IsArray()) Refuse("expected an array");
   std::vector<JsonValue> elements;
   elements.reserve(value_->size());
   for (const nlohmann::json& element : *value_) {

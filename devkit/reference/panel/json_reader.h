@@ -31,11 +31,13 @@ class JsonValue {
   bool IsArray() const { return value_->is_array(); }
 
   bool Bool() const;
+  double Number() const;
   double Number(Range range) const;
   int64_t Integer(int64_t low, int64_t high) const;
   std::string Text() const;
 
-  // The elements of an array that has from `min` to `max` of them.
+  // The elements of an array, of any number or of one that has from `min` to `max` of them.
+  std::vector<JsonValue> Elements() const;
   std::vector<JsonValue> Elements(size_t min, size_t max) const;
 
  private:

@@ -1,4 +1,4 @@
-// Why a panel description was refused.
+// Why a panel description, or another JSON file read like one, was refused.
 #pragma once
 
 #include <stdexcept>
