@@ -22,8 +22,9 @@ inline constexpr const char* kRenderHelp =
     "A picture's values are the mode's signal, 8 bits per channel (a file that states a gamma\n"
     "of its own is read as sRGB). Those of the output picture are what the panel is driven with\n"
     "after the last call: shown on the panel itself, with no colour management, they look like\n"
-    "the mode. Alpha is kept. At the default table sizes the darkest codes become black, as\n"
-    "they do on a device; --igc-bits 16 tells them apart.";
+    "the mode; so its file states neither gamma nor colour space. Alpha is kept. At the default\n"
+    "table sizes the darkest codes become black, as they do on a device; --igc-bits 16 tells\n"
+    "them apart.";
 
 inline constexpr const char* kPlotHelp =
     "gamut   CIE 1931 xy: the panel's primaries, those of the mode's content (target), and what\n"

@@ -1,12 +1,54 @@
 #include "devkit/zelctl/output_file.h"
 
+#include <unistd.h>
+
 #include <cerrno>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 
 #include "devkit/zelctl/errors.h"
 
 namespace zelctl {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The error number, or 0.
+int Write(const fs::path& path, std::string_view bytes) {
+  errno = 0;
+  std::ofstream file(path, std::ios::binary);
+  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  file.close();
+  return file.good() ? 0 : errno;
+}
+
+// By way of a file beside `target`, which takes its place once it is complete.
+// The error number, or 0.
+int Replace(const fs::path& target, std::string_view bytes) {
+  std::error_code error;
+  const fs::path beside = target.string() + "." + std::to_string(getpid()) + ".tmp";
+  int failure = Write(beside, bytes);
+  if (failure == 0) {
+    const fs::file_status before = fs::status(target, error);
+    if (fs::exists(before)) fs::permissions(beside, before.permissions(), error);
+    fs::rename(beside, target, error);
+    failure = error.value();
+  }
+  if (failure != 0) fs::remove(beside, error);
+  return failure;
+}
+
+// The error number, or 0.
+int WriteOrReplace(const fs::path& path, std::string_view bytes) {
+  std::error_code error;
+  const fs::path target = fs::canonical(path, error);  // a link stays a link
+  if (error) return Replace(path, bytes);              // nothing there yet
+  if (!fs::is_regular_file(target, error)) return Write(target, bytes);
+  return access(target.c_str(), W_OK) == 0 ? Replace(target, bytes) : errno;
+}
+
+}  // namespace
 
 std::string_view RequireEnding(const std::string& path,
                                std::initializer_list<std::string_view> endings) {
@@ -19,11 +61,8 @@ std::string_view RequireEnding(const std::string& path,
 }
 
 void WriteOutput(const std::string& path, std::string_view bytes) {
-  errno = 0;
-  std::ofstream file(path, std::ios::binary);
-  file.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  file.close();
-  if (!file) throw UsageError("can't write " + path + ": " + std::strerror(errno));
+  const int failure = WriteOrReplace(path, bytes);
+  if (failure != 0) throw UsageError("can't write " + path + ": " + std::strerror(failure));
 }
 
 }  // namespace zelctl

@@ -11,7 +11,8 @@ namespace zelctl {
 std::string_view RequireEnding(const std::string& path,
                                std::initializer_list<std::string_view> endings);
 
-// Throws UsageError with the system's reason.
+// Throws UsageError with the system's reason. What a file held before is replaced
+// as a whole or not at all; what is no regular file (a pipe) is written to.
 void WriteOutput(const std::string& path, std::string_view bytes);
 
 }  // namespace zelctl

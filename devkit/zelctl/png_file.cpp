@@ -18,6 +18,14 @@ struct ImageFreer {
   void operator()(png_image* image) const { png_image_free(image); }
 };
 
+// The library states sRGB's gamma, in the chunk behind the header, of whatever it
+// writes.
+void RemoveGamma(std::string* file) {
+  constexpr size_t kHeaderEnd = 8 + 25;  // signature, IHDR
+  constexpr size_t kGammaSize = 16;
+  if (file->compare(kHeaderEnd + 4, 4, "gAMA") == 0) file->erase(kHeaderEnd, kGammaSize);
+}
+
 }  // namespace
 
 Picture ReadPng(const std::string& path) {
@@ -57,6 +65,7 @@ std::string EncodePng(const Picture& picture) {
     throw std::runtime_error(std::string("can't encode the picture: ") + image.message);
   }
   bytes.resize(size);
+  RemoveGamma(&bytes);
   return bytes;
 }
 

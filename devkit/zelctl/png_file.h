@@ -19,7 +19,7 @@ struct Picture {
 // another gamma than sRGB's become sRGB codes. Throws UsageError.
 Picture ReadPng(const std::string& path);
 
-// A PNG file's contents.
+// A PNG file's contents, without a word on what colours the samples stand for.
 std::string EncodePng(const Picture& picture);
 
 }  // namespace zelctl

@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
+#include <filesystem>
+#include <random>
 
 #include "tests/devkit/zelctl/png_pixels.h"
 #include "tests/devkit/zelctl/run_zelctl.h"
@@ -17,6 +19,7 @@ Pixels Rendered(const std::string& arguments, const Pixels& row) {
   const ZelctlRun run =
       RunZelctl("--log-level 0 render " + arguments + kFine + " --image " + in + " -o " + out);
   EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(ReadFile(out).find("gAMA"), std::string::npos) << "drive values, no colours of sRGB";
   return ReadPixels(out);
 }
 
@@ -67,6 +70,31 @@ TEST(Picture, KnownColoursComeOutAsTheModeSays) {
     SCOPED_TRACE(test.arguments);
     ExpectNear(Rendered(test.arguments, {test.in}), {test.out}, 1);
   }
+}
+
+TEST(Picture, WhatCanNotBeWrittenLeavesWhatWasThere) {
+  Pixels row(2000);  // noise: of more bytes than the limit below allows
+  std::minstd_rand random;
+  for (Pixel& pixel : row) pixel = {static_cast<uint8_t>(random() >> 8), 0, 0, 255};
+  const std::string in = WriteFile("in.png", PngOf(row));
+  const std::string out = WriteFile("out.png", "kept");
+  const auto render = [&](const char* before) {
+    return RunZelctl("--log-level 0 render 1 --image " + in + " -o " + out, before);
+  };
+  const ZelctlRun run = render("trap '' XFSZ; ulimit -f 2;");
+  EXPECT_EQ(run.status, 2);
+  EXPECT_EQ(run.err, "zelctl: can't write " + out + ": File too large\n");
+  EXPECT_EQ(ReadFile(out), "kept");
+  for (const auto& entry : std::filesystem::directory_iterator(testing::TempDir())) {
+    EXPECT_NE(entry.path().string().rfind(out + ".", 0), 0) << entry.path();
+  }
+  EXPECT_EQ(render("").status, 0);
+  EXPECT_EQ(ReadPixels(out).size(), row.size());
+  std::filesystem::remove(out);
+  std::filesystem::create_symlink("/dev/full", out);
+  EXPECT_EQ(render("").err, "zelctl: can't write " + out + ": No space left on device\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(out));
+  std::filesystem::remove(out);
 }
 
 TEST(Picture, BlocksThatCanNotBeComputedWithAreNamed) {
