@@ -32,13 +32,13 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
                  "environment's vendor.display.zelloglevel, or else 1")
       ->check(CLI::Range(0, 2).description(""))
       ->type_name("LEVEL");
-  app.add_flag("--json", globals->json, "Print JSON instead of tables");
+  app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
 }
 
 // An option whose text `parse` turns into a value; its complaint names the option.
-template <typename T>
-void AddParsedOption(CLI::App& command, const std::string& name, std::optional<T>* value,
-                     const char* type, T (*parse)(const std::string&), const char* help) {
+template <typename Value, typename T>
+void AddParsedOption(CLI::App& command, const std::string& name, Value* value, const char* type,
+                     T (*parse)(const std::string&), const char* help) {
   command
       .add_option_function<std::string>(
           name,
@@ -109,6 +109,16 @@ void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
   command->callback([&globals, arguments] { RunRender(globals, *arguments); });
 }
 
+PlotKind ParsePlotKind(const std::string& text) {
+  static const std::map<std::string, PlotKind> kinds = {{"all", PlotKind::kAll},
+                                                        {"gamut", PlotKind::kGamut},
+                                                        {"curves", PlotKind::kCurves},
+                                                        {"pcc", PlotKind::kPcc}};
+  const auto found = kinds.find(text);
+  if (found == kinds.end()) throw UsageError("expected all, gamut, curves or pcc");
+  return found->second;
+}
+
 void AddPlotCommand(CLI::App& app, const GlobalOptions& globals) {
   auto arguments = std::make_shared<PlotArguments>();
   auto* command = app.add_subcommand("plot", "Draw a mode: gamut, curves, effect of the PCC block");
@@ -116,13 +126,8 @@ void AddPlotCommand(CLI::App& app, const GlobalOptions& globals) {
   command->add_option("-o,--output", arguments->output, "The picture; its ending says which kind")
       ->required()
       ->type_name("FILE.svg|FILE.png");
-  const std::map<std::string, PlotKind> kinds = {{"all", PlotKind::kAll},
-                                                 {"gamut", PlotKind::kGamut},
-                                                 {"curves", PlotKind::kCurves},
-                                                 {"pcc", PlotKind::kPcc}};
-  command->add_option("--what", arguments->kind, "all, gamut, curves or pcc; default: all")
-      ->transform(CLI::CheckedTransformer(kinds).description(""))
-      ->type_name("PART");
+  AddParsedOption(*command, "--what", &arguments->kind, "PART", ParsePlotKind,
+                  "all, gamut, curves or pcc; default: all");
   AddRenderOptions(*command, &arguments->options);
   command->footer(kPlotHelp);
   command->callback([&globals, arguments] { RunPlot(globals, *arguments); });

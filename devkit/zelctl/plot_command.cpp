@@ -36,6 +36,7 @@ GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorM
 }  // namespace
 
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
+  if (globals.json) throw UsageError("plot takes no --json: it prints nothing");
   const bool svg = RequireEnding(arguments.output, {kSvg, kPng}) == kSvg;
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);

@@ -44,7 +44,6 @@ void WritePlot(const Input& input, const std::vector<PccRound>& rounds, std::ost
 }
 
 constexpr const char* kCommands = R"(
-set ytics 0.25
 set grid ytics linecolor '#e4e4e4' linetype 1
 set style data histogram
 set style histogram clustered gap 1
@@ -73,7 +72,8 @@ std::array<std::string, 4> PccPlots(const std::vector<PccRound>& rounds) {
   for (size_t i = 0; i < kInputs.size(); ++i) {
     std::ostringstream out;
     WritePlot(kInputs[i], rounds, out);
-    out << "set yrange [" << low - margin << ':' << high + legend << "]\n";
+    out << "set yrange [" << low - margin << ':' << high + legend << "]\n"
+        << "set ytics " << (high - low <= 2 ? "0.25" : "autofreq") << '\n';
     if (i == 0) {
       out << "set ylabel 'linear light out (1: peak)'\n";
     } else {

@@ -62,16 +62,30 @@ TEST(Plot, DrawsEveryModeAndSetting) {
   }
 }
 
+TEST(Plot, PccAxisStaysReadableForLargeValues) {
+  for (const char* factor : {"1", "8", "-30", "1e6"}) {
+    const std::string path = WriteFile("plot.svg", "");
+    RunZelctl("plot 1 --what pcc --log-level 0 --dimming=" + std::string(factor) + " -o " + path);
+    const std::string svg = ReadFile(path);
+    size_t texts = 0;  // titles, and the ticks of four plots
+    for (size_t at = 0; (at = svg.find("<text", at)) != std::string::npos; ++at) ++texts;
+    EXPECT_GT(texts, 20) << factor;
+    EXPECT_LT(texts, 60) << factor;
+  }
+}
+
 // gnuplot expands texts in some quotes, and runs what stands in backquotes.
 TEST(Plot, ShowsALabelAsItIs) {
-  const std::string panel = WriteFile("label.json", R"({"format": 1, "name": "n", "panel": {
+  const std::string panel = WriteFile("two\nlines.json", R"({"format": 1, "name": "n", "panel": {
     "primaries": {"red": [0.64, 0.33], "green": [0.3, 0.6], "blue": [0.15, 0.06]},
     "white": [0.3127, 0.329], "luminance": {"peak": 500}, "transfer": "srgb"},
-    "modes": [{"label": "a'b`false`\"@x\\n\n{_2}", "gamut": 0, "gamma": 0, "intent": 0}]})");
+    "modes": [{"label": "a'b`false`\"@x\\n{_2}", "gamut": 0, "gamma": 0, "intent": 0}]})");
   const std::string path = WriteFile("plot.svg", "");
-  const ZelctlRun run = RunZelctl("plot 0 --log-level 0 --panel " + panel + " -o " + path);
+  const ZelctlRun run = RunZelctl("plot 0 --log-level 0 --panel '" + panel + "' -o " + path);
   EXPECT_EQ(run.status, 0) << run.err;
-  EXPECT_TRUE(Contains(ReadFile(path), "a'b`false`\"@x\\n {_2}")) << ReadFile(path).substr(0, 4000);
+  const std::string svg = ReadFile(path);
+  EXPECT_TRUE(Contains(svg, "a'b`false`\"@x\\n{_2}")) << svg.substr(0, 4000);
+  EXPECT_TRUE(Contains(svg, "two lines")) << svg.substr(0, 4000);
 }
 
 TEST(Plot, BadRequestsAreRefusedAndWriteNothing) {
@@ -85,7 +99,9 @@ TEST(Plot, BadRequestsAreRefusedAndWriteNothing) {
       {"1 -o plot.pdf", "", "--output: plot.pdf must end in .svg or .png"},
       {"1 -o /nowhere/plot.svg", "", "can't write /nowhere/plot.svg: No such file or directory"},
       {"vivid2 -o " + kept, "", "no mode 'vivid2'; valid modes: "},
-      {"1 --what hue -o " + kept, "", "--what: "},
+      {"1 --what hue -o " + kept, "", "--what: expected all, gamut, curves or pcc\n"},
+      {"1 --what 2 -o " + kept, "", "--what: expected all, gamut, curves or pcc\n"},
+      {"1 --json -o " + kept, "", "plot takes no --json: it prints nothing\n"},
       {"1 -o " + kept, "PATH=/nowhere", "can't run gnuplot, of the package gnuplot-nox\n"},
   };
   for (const auto& test : cases) {
