@@ -2,7 +2,7 @@
 # Fuzzes the host's calls and the reference parser's panel descriptions, starting
 # from the seed corpora. Prints the executions; fails on any finding, whose input
 # stays in build/fuzz. What a run discovers there, the next one starts from too.
-# Usage: scripts/fuzz.sh [SECONDS]   for each target, default 60
+# Usage: scripts/fuzz.sh [SECONDS]   both targets side by side, default 60
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -38,5 +38,8 @@ if ! build >"$build/build.log" 2>&1; then
   cat "$build/build.log" >&2
   exit 1
 fi
-fuzz fuzz_host_calls fuzz/corpus/host_calls -max_len=512
-fuzz fuzz_panel fuzz/corpus/panel devkit/panels -max_len=8192
+failed=0
+fuzz fuzz_host_calls fuzz/corpus/host_calls -max_len=512 &
+fuzz fuzz_panel fuzz/corpus/panel devkit/panels -max_len=8192 || failed=1
+wait $! || failed=1
+exit $failed
