@@ -74,7 +74,13 @@ bool Holds(const Record& found, const Content& content) {
   } else if constexpr (requires { found.blob; }) {
     return found.blob == MakeRecord<Record>(content)->blob;
   } else if constexpr (requires { found.version; }) {
-    return *(reinterpret_cast<const uint8_t*>(&found + 1) - 1) == content.filling;
+    const std::shared_ptr<Record> expected = MakeRecord<Record>(content);
+    if constexpr (requires { expected->gap0; })
+      expected->gap0 = expected->gap1 = {};  // not carried
+    constexpr size_t kHeaderBytes = 8;
+    return std::memcmp(reinterpret_cast<const char*>(&found) + kHeaderBytes,
+                       reinterpret_cast<const char*>(expected.get()) + kHeaderBytes,
+                       sizeof(Record) - kHeaderBytes) == 0;
   }
   return true;
 }

@@ -87,3 +87,9 @@ std::vector<tarn::HwConfigPayload> MakeManyBlocks(size_t count) {
   static const auto record = std::make_shared<tarn::DitherPostBlendConfig>();
   return Borrowed({count, Block(velaricolor::kPostBlendDither, record)});
 }
+
+std::vector<tarn::HwConfigPayload> MakeGammaBlock(uint32_t entries) {
+  static std::vector<tarn::HwConfigPayload> built;
+  built = {Block(velaricolor::kPostBlendGC, MakeGamma(entries))};
+  return Borrowed(built);
+}

@@ -20,6 +20,7 @@ std::vector<tarn::ColorMode> MakeModes(size_t count);
 // The ten blocks of a full mode, dimensioned as the plug-in expects them.
 std::vector<tarn::HwConfigPayload> MakeBlocks();
 
-// `count` payloads of the smallest block, under the ten names' first ones that
-// share its type; for measuring how cost grows.
+// For measuring how cost grows: `count` times the same small block, and one gamma
+// block of `entries`.
 std::vector<tarn::HwConfigPayload> MakeManyBlocks(size_t count);
+std::vector<tarn::HwConfigPayload> MakeGammaBlock(uint32_t entries);

@@ -2,11 +2,14 @@
 // same amount of bare work, so a ratio that stays flat means linear growth.
 
 #include <cstring>
+#include <optional>
 
 #include "bench/subject/answers.h"
+#include "bench/subject/floor_copy.h"
 #include "bench/subject/pairs.h"
 #include "bench/subject/session.h"
 #include "convert/dither_config.h"
+#include "handlers/post_blend_hw_config.h"
 
 namespace {
 
@@ -14,6 +17,7 @@ velaricolor::HwConfigOutputParams g_output;
 std::vector<velaricolor::HwConfigPayload> g_listed;
 std::vector<std::string> g_names;
 std::vector<std::string> g_copied;
+std::optional<FloorCopy> g_tables;
 
 void SetUpAnswer(size_t blocks) {
   TheAnswers() = {.modes = MakeModes(1), .blocks = MakeManyBlocks(blocks)};
@@ -31,6 +35,16 @@ void SetUpHostEntries(size_t entries) {
   g_output.payloads.assign(entries, {.hw_block = "HostBlock", .payload = nullptr});
   g_session->Run(velaricolor::kVcModeSwAssets, &g_output);
   g_listed = g_output.payloads;
+}
+
+void SetUpTables(size_t entries) {
+  SetUpAnswer(0);
+  const auto length = static_cast<uint32_t>(entries);
+  TheAnswers().blocks = MakeGammaBlock(length);
+  g_session->Set(velaricolor::kVcPostBlendGammaHwConfig,
+                 velaricolor::PostBlendHwConfig{.num_of_entries = length, .attributes = {}});
+  g_session->Run(velaricolor::kVcModeSwAssets, &g_output);
+  g_tables.emplace(TheAnswers().blocks, g_output);
 }
 
 void SetUpAssets(size_t names) {
@@ -65,6 +79,10 @@ void HandOutAndCopy(unsigned calls) {
   }
 }
 
+void CopyTables(unsigned calls) {
+  for (; calls > 0; --calls) g_tables->Run();
+}
+
 void CompareNames(unsigned calls) {
   const std::string wanted = g_listed.back().hw_block;
   for (; calls > 0; --calls) {
@@ -94,6 +112,9 @@ std::vector<ZelPair> GrowthPairs() {
       pair("blocks returned, 10000", 1, SetUpBlocks, HandOutAndCopy, 10000),
       pair("entries of the host, 100", 500, SetUpHostEntries, CompareNames, 100),
       pair("entries of the host, 10000", 5, SetUpHostEntries, CompareNames, 10000),
+      pair("table entries, 1", 500, SetUpTables, CopyTables, 1),
+      pair("table entries, 64", 500, SetUpTables, CopyTables, 64),
+      pair("table entries, 1024", 500, SetUpTables, CopyTables, 1024),
       pair("asset names, 100", 100, SetUpAssets, CopyNames, 100),
       pair("asset names, 10000", 1, SetUpAssets, CopyNames, 10000),
   };

@@ -40,7 +40,7 @@ void SetColorState() {
   velaricolor::PccPostBlendConfig ltm = {.enable = true, .coeffs = {}};
   ltm.coeffs.r[1] = ltm.coeffs.g[2] = ltm.coeffs.b[3] = 1.5;
   g_session->Set(velaricolor::kVcLtmPccConfig, ltm);
-  g_session->Set(velaricolor::kVcDimmingPcc, 1.0);
+  g_session->Set(velaricolor::kVcDimmingPcc, 0.5);
 }
 
 void SetUp(size_t color_state) {

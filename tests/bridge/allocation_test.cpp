@@ -183,6 +183,19 @@ TEST_F(OutOfMemory, InInitLeavesNothingHalfStarted) {
             (Lines{"delete parser", "delete algo", "close algo", "close parser"}));
 }
 
+TEST_F(OutOfMemory, InDeInitLeavesTheObjectInitialised) {
+  Start();
+  ColorModeList list;
+  int nth = 1;
+  while (RunsOut([this] { return Plugin().DeInit(); }, nth)) {
+    EXPECT_EQ(Get(velaricolor::kVcModesList, &list), 0) << nth;
+    ++nth;
+  }
+  EXPECT_GT(nth, 2) << "either library's";
+  EXPECT_EQ(Get(velaricolor::kVcModesList, &list), -22);
+  EXPECT_EQ(Init(), 0);
+}
+
 TEST_F(OutOfMemory, InACallLeavesWhatTheNextOneNeeds) {
   const velaricolor::ColorTransformMatrix transform = {.matrix = {3}};
   const velaricolor::PostBlendHwConfig table = {.num_of_entries = 5,
@@ -190,6 +203,7 @@ TEST_F(OutOfMemory, InACallLeavesWhatTheNextOneNeeds) {
   const auto ltm = HostBlock({{}, {0, 9}, {}, {}}, true);
   bool flag = false;
   const HostCall calls[] = {
+      {"factory", true, [&] { return Library().Create() == nullptr ? 1 : 0; }},
       {"transform", false, [&] { return Set(5, transform); }},
       {"gamut", true, [&] { return Set(6, table); }},
       {"gamma", true, [&] { return Set(7, table); }},

@@ -27,7 +27,7 @@ class Threads : public PccTest {
   };
 
   void SetUp() override {
-    Algo().merged = {Diagonal(7), Diagonal(9)};
+    Platform().algo_opens = false;  // the product carries all settings through
     ParserAnswers(Diagonal(2), true);
     Parser().dither = Parser().blocks;
     Parser().during_call = [this] {
@@ -43,16 +43,22 @@ class Threads : public PccTest {
     const bool odd = round % 2 != 0;
     velaricolor::ColorTransformMatrix transform;
     for (const size_t i : {0U, 5U, 10U}) transform.matrix[i] = odd ? 3 : 5;
-    const velaricolor::PostBlendHwConfig dimensions = {.num_of_entries = odd ? 4U : 5U,
-                                                       .attributes = {{"bits", true, {1, 2}}}};
+    const velaricolor::PostBlendHwConfig table = {.num_of_entries = odd ? 4U : 5U,
+                                                  .attributes = {{"bits", true, {1, 2}}}};
     host->list = {};
+    const int listed = Get(velaricolor::kVcModesList, &host->list);
     std::vector<int> results = {
+        listed,
         Set(velaricolor::kVcColorTransform, transform),
-        Set(velaricolor::kVcPostBlendGammaHwConfig, dimensions),
+        Set(velaricolor::kVcPostBlendGamutHwConfig, table),
+        Set(velaricolor::kVcPostBlendGammaHwConfig, table),
+        Set(velaricolor::kVcPostBlendInverseGammaHwConfig, table),
+        Set(velaricolor::kVcDisplayCalibrationMode, odd),
         Set(velaricolor::kVcLtmPccConfig, *HostBlock(Diagonal(odd ? 11 : 13), odd)),
         Set(velaricolor::kVcDimmingPcc, odd ? 0.5 : 0.25),
-        Get(velaricolor::kVcModesList, &host->list),
         Get(velaricolor::kVcNeedsUpdate, &host->flag),
+        Get(velaricolor::kVcSupportToneMap, &host->flag),
+        Get(velaricolor::kVcDimmingSupport, &host->flag),
         Get(velaricolor::kVcPbDitherHwConfig, &host->output),
         Get(velaricolor::kVcSupportHwAssets, &host->assets),
         Run(velaricolor::kVcModeSwAssets, {}, &host->output),
@@ -62,7 +68,7 @@ class Threads : public PccTest {
       const pcc_coeff_data& seen = PccOf(host->output)->coeffs;
       EXPECT_TRUE(seen.r[1] == seen.g[2] && seen.g[2] == seen.b[3]) << "half of a setting";
     }
-    if (results[4] == 0) EXPECT_EQ(host->list.modes.size(), 1U);
+    if (listed == 0) EXPECT_EQ(host->list.modes.size(), 1U);
     if (round % 8 == 3) EXPECT_EQ(Plugin().DeInit(), 0);
     if (round % 4 == 0) EXPECT_EQ(Init(), 0);
     return results;
