@@ -40,6 +40,8 @@ auto WithRecord(const std::string& name, Visit visit) {
   return visit(static_cast<std::tuple_element_t<I, Records<Side>>*>(nullptr));
 }
 
+constexpr size_t kHeaderBytes = 8;  // version, enable and padding
+
 template <typename Record>
 std::shared_ptr<Record> MakeRecord(const Content& content) {
   auto record = std::make_shared<Record>();
@@ -53,7 +55,9 @@ std::shared_ptr<Record> MakeRecord(const Content& content) {
   } else if constexpr (requires { record->blob; }) {
     record->blob.assign(content.filling * size_t{8}, static_cast<char>(content.filling));
   } else if constexpr (requires { record->version; }) {
-    std::memset(reinterpret_cast<uint8_t*>(record.get()) + 8, content.filling, sizeof(Record) - 8);
+    std::memset(reinterpret_cast<char*>(record.get()) + kHeaderBytes, content.filling,
+                sizeof(Record) - kHeaderBytes);
+    if constexpr (requires { record->gap0; }) record->gap0 = record->gap1 = {};  // not carried
   }
   return record;
 }
@@ -75,9 +79,6 @@ bool Holds(const Record& found, const Content& content) {
     return found.blob == MakeRecord<Record>(content)->blob;
   } else if constexpr (requires { found.version; }) {
     const std::shared_ptr<Record> expected = MakeRecord<Record>(content);
-    if constexpr (requires { expected->gap0; })
-      expected->gap0 = expected->gap1 = {};  // not carried
-    constexpr size_t kHeaderBytes = 8;
     return std::memcmp(reinterpret_cast<const char*>(&found) + kHeaderBytes,
                        reinterpret_cast<const char*>(expected.get()) + kHeaderBytes,
                        sizeof(Record) - kHeaderBytes) == 0;
