@@ -81,6 +81,7 @@ class Threads : public PccTest {
 TEST_F(Threads, TakeTurnsAndSeeWholeSettings) {
   std::vector<Host> hosts(kThreads);
   std::vector<std::thread> threads;
+  threads.reserve(hosts.size());
   for (Host& host : hosts) {
     threads.emplace_back([&, this] {
       for (int round = 0; round < kRounds; ++round) {
