@@ -9,14 +9,6 @@ cd "$(dirname "$0")/.."
 seconds=${1:-60}
 build=build/fuzz
 
-build() {
-  scripts/install-deps.sh verify
-  cmake -B "$build" -G Ninja -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
-    -DCMAKE_CXX_FLAGS_DEBUG="-O1 -gline-tables-only" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON \
-    -DZELTARN_FUZZ=ON -DZELTARN_SANITIZER=fuzzer-no-link,address,undefined -DZELTARN_BENCH=OFF
-  cmake --build "$build" --target fuzz_host_calls fuzz_panel
-}
-
 # Runs TARGET on its own discoveries and on the seeds in the FOLDERs.
 fuzz() {
   local target=$1 log=$build/$1.log
@@ -33,11 +25,7 @@ fuzz() {
     END { print target ": " runs " executions, " cov " branches covered, no finding" }' "$log"
 }
 
-mkdir -p "$build"
-if ! build >"$build/build.log" 2>&1; then
-  cat "$build/build.log" >&2
-  exit 1
-fi
+scripts/build.sh fuzz
 failed=0
 fuzz fuzz_host_calls fuzz/corpus/host_calls -max_len=512 &
 fuzz fuzz_panel fuzz/corpus/panel devkit/panels -max_len=8192 || failed=1
