@@ -13,8 +13,8 @@ namespace velaricolor {
 
 // Converts the typed record of `in` into that of `out`, in place where `out` has
 // one already (of the same block: its owner made it for the same name), and logs
-// under `function`. `out` bears the block's name, found by it or made with it. Up to and including
-// the precondition a refusal leaves `out` as it was.
+// under `function`. `out` bears the block's name, found by it or made with it. Up to
+// and including the precondition a refusal leaves `out` as it was.
 //   precondition(from)  0, or the result of the refused call
 //   make()              a new record in shared ownership, blank but for what copy fills
 //   copy(from, to)      the block's fields; `enable` has been copied

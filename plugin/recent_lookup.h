@@ -14,8 +14,8 @@ bool Same(const Key& a, const Key& b) {
 inline bool Same(const std::string& a, const std::string& b) { return SameName(a, b); }
 
 // The entry of `Table`, which is never empty, that was found last. It is a copy,
-// for what lies beside the caller's other members is near when it is needed, and a
-// table's node is not.
+// for the table's nodes lie apart and have left the cache by the next mode switch:
+// looking at them instead cost a fiftieth of one.
 template <typename Table>
 class RecentEntry {
  public:
