@@ -122,7 +122,7 @@ std::vector<ZelPair> PropertyPairs() {
   };
   return {
       // The second, indirect call to the handler alone takes it to 1.2.
-      {"property get", 1.3, kMedian, 2000, 0, SetUp, Get, BareGet, TearDown, 1},
+      {"property get", 1.25, kMedian, 2000, 0, SetUp, Get, BareGet, TearDown, 1},
       {"property set", 0, kMedian, 2000, 0, SetUp, Set, BareGet, TearDown, 1},
       on_threads("property get, 1 host thread", 1),
       on_threads("property get, 2 host threads", 2),
