@@ -84,27 +84,25 @@ TEST_F(GammaLists, HoldAsManyEntriesAsTheHostDimensioned) {
   }
 }
 
-class Blobs : public PluginTest {
- protected:
-  template <template <typename> class Config>
-  void ArriveByteForByte(const std::string& block) {
-    HwConfigOutputParams output;
-    const std::string zeros_inside("a\0b\0", 4);
-    for (const std::string& blob :
-         {zeros_inside, zeros_inside + std::string(5000, 'x'), std::string()}) {
-      const auto record = std::make_shared<Config<tarn::LibrarySide>>();
-      record->blob = blob;
-      Parser().dither = {Block(block, record)};
-      ASSERT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
-      EXPECT_EQ(RecordNamed<Config<velaricolor::HostSide>>(output, block)->blob, blob);
-    }
-  }
-};
+class Blobs : public PluginTest {};
 
 TEST_F(Blobs, ArriveByteForByte) {
   Start();
-  ArriveByteForByte<zeltarn::layout::HdrBlobPostBlendConfig>("PostBlendHdrBlob");
-  ArriveByteForByte<zeltarn::layout::GameBlobPostBlendConfig>("PostBlendGameBlob");
+  HwConfigOutputParams output;
+  for (const std::string& text : {std::string("a\0b\0", 4), std::string(5000, 'x'), {}}) {
+    const auto hdr = std::make_shared<tarn::HdrBlobPostBlendConfig>();
+    const auto game = std::make_shared<tarn::GameBlobPostBlendConfig>();
+    hdr->blob = text;
+    game->blob = text + "!";
+    Parser().dither = {Block("PostBlendHdrBlob", hdr), Block("PostBlendGameBlob", game)};
+    ASSERT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
+    const auto* const host_hdr =
+        RecordNamed<velaricolor::HdrBlobPostBlendConfig>(output, "PostBlendHdrBlob");
+    EXPECT_EQ(host_hdr->blob, text);
+    const auto* const host_game =
+        RecordNamed<velaricolor::GameBlobPostBlendConfig>(output, "PostBlendGameBlob");
+    EXPECT_EQ(host_game->blob, text + "!");
+  }
 }
 
 }  // namespace

@@ -16,11 +16,9 @@ TEST_F(Getters, AnswerOnlyTheExactLength) {
     const char* name;
     uint32_t len;
     int answer;  // of a flag
-  } cases[] = {{2, "GetNeedsUpdate", 1, 0},
-               {9, "GetSupportTonemap", 1, 0},
-               {2054, "GetDimmingSupport", 1, 1},
-               {2048, "GetSupportHwAssets", 24, -1},
-               {14, "GetPbDitheHwConfig", 32, -1}};
+  } cases[] = {{1, "GetModesList", 32, -1},          {2, "GetNeedsUpdate", 1, 0},
+               {9, "GetSupportTonemap", 1, 0},       {2054, "GetDimmingSupport", 1, 1},
+               {2048, "GetSupportHwAssets", 24, -1}, {14, "GetPbDitheHwConfig", 32, -1}};
   for (const bool modes : {true, false}) {
     if (!modes) Parser().modes.clear();
     Start();

@@ -1,5 +1,4 @@
 #include <cmath>
-#include <functional>
 #include <limits>
 #include <utility>
 
@@ -172,30 +171,6 @@ TEST_F(Setters, TurnAnyMatrixButTheIdentityIntoPcc) {
   const pcc_coeff_data expected = {
       {}, {25.50000037997961, 1.5, 4.5, 7.5}, {-510, 2.5, 5.5, 8.5}, {63.75, 3.5, 6.5, 9.5}};
   EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(expected));
-}
-
-TEST_F(Setters, AskForAnUpdateThatRenderIntentSettles) {
-  Start();
-  auto ltm = *HostBlock({}, false);
-  ltm.version = 0;  // not looked at
-  const std::pair<std::function<int()>, bool> cases[] = {
-      {[&] { return Set(velaricolor::kVcLtmPccConfig, ltm); }, true},
-      {[&] { return Set(velaricolor::kVcDimmingPcc, std::nan("")); }, true},
-      {[&] {  // an address as a value
-         return Plugin().SetProperty({.len = 99, .prop = 12, .payload = this});
-       },
-       false},
-  };
-  for (const auto& [set, needs_update] : cases) {
-    EXPECT_EQ(set(), 0);
-    EXPECT_EQ(NeedsUpdate(), needs_update);
-    EXPECT_EQ(NeedsUpdate(), needs_update);  // asking doesn't clear it
-    HwConfigOutputParams output;
-    ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
-    EXPECT_EQ(NeedsUpdate(), needs_update);
-    ASSERT_EQ(Render(&output), 0);
-    EXPECT_FALSE(NeedsUpdate());
-  }
 }
 
 }  // namespace

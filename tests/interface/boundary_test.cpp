@@ -1,44 +1,15 @@
-// What the host's and the libraries' binaries rely on: types kept apart, the
-// order of slots, the library's symbols.
+// What the host's and the libraries' binaries rely on: the order of slots, the
+// library's symbols.
 #include <dlfcn.h>
 
 #include <array>
 #include <cstdio>
-#include <type_traits>
 
-#include "convert/blob_config.h"
-#include "convert/dither_config.h"
-#include "convert/gamut_gamma_config.h"
-#include "convert/pa_de_config.h"
-#include "pcc/pcc_config.h"
 #include "tests/support/plugin_host.h"
 
 using velaricolor::VcPayload;
 
 namespace {
-
-template <typename A, typename B>
-constexpr bool kOneWayApart = !std::is_constructible_v<B, A> && !std::is_assignable_v<B&, A> &&
-                              !std::is_convertible_v<A*, B*>;
-template <typename A, typename B>
-constexpr bool kApart = kOneWayApart<A, B>&& kOneWayApart<B, A>;
-
-static_assert(kApart<tarn::TarnPayload, VcPayload>);
-static_assert(kApart<tarn::ColorMode, velaricolor::ColorMode>);
-static_assert(kApart<tarn::ColorModeList, velaricolor::ColorModeList>);
-static_assert(kApart<tarn::ModeRenderInputParams, velaricolor::ModeRenderInputParams>);
-static_assert(kApart<tarn::HwConfigOutputParams, velaricolor::HwConfigOutputParams>);
-static_assert(kApart<tarn::HwConfigPayload, velaricolor::HwConfigPayload>);
-static_assert(kApart<tarn::PostBlendHwConfig, velaricolor::PostBlendHwConfig>);
-static_assert(kApart<tarn::GamutPostBlendConfig, velaricolor::GamutPostBlendConfig>);
-static_assert(kApart<tarn::GammaPostBlendConfig, velaricolor::GammaPostBlendConfig>);
-static_assert(kApart<tarn::PccPostBlendConfig, velaricolor::PccPostBlendConfig>);
-static_assert(kApart<tarn::PaPostBlendConfig, velaricolor::PaPostBlendConfig>);
-static_assert(kApart<tarn::DePostBlendConfig, velaricolor::DePostBlendConfig>);
-static_assert(kApart<tarn::DitherPostBlendConfig, velaricolor::DitherPostBlendConfig>);
-static_assert(kApart<tarn::PaDitherPostBlendConfig, velaricolor::PaDitherPostBlendConfig>);
-static_assert(kApart<tarn::HdrBlobPostBlendConfig, velaricolor::HdrBlobPostBlendConfig>);
-static_assert(kApart<tarn::GameBlobPostBlendConfig, velaricolor::GameBlobPostBlendConfig>);
 
 #ifdef __aarch64__
 // Built with the options of the plug-in: signed return addresses, marked branch targets.

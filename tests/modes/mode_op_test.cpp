@@ -7,7 +7,7 @@
 
 #include "convert/dither_config.h"
 #include "tests/support/bytes.h"
-#include "tests/support/pcc.h"
+#include "tests/support/plugin_host.h"
 
 using velaricolor::DitherPostBlendConfig;
 using velaricolor::HwConfigOutputParams;
@@ -173,27 +173,6 @@ TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
   EXPECT_EQ(first->params[0], 4);
   EXPECT_EQ(Platform().TakeLog(),
             (Lines{"E VersionCheck: invalid version 55 expected 56", kNotConverted}));
-}
-
-class ColourState : public PccTest {};
-
-TEST_F(ColourState, IsAppliedByRenderIntentOnlyEvenWhereTheParserFails) {
-  Start();
-  const velaricolor::ColorTransformMatrix transform = {.matrix = {0.5F}};
-  EXPECT_EQ(Set(velaricolor::kVcColorTransform, transform), 0);
-  SetLtm({});
-  ParserAnswers({{}, {0, 0.75}, {}, {}}, false);
-  HwConfigOutputParams assets;
-  EXPECT_EQ(Run(kVcModeSwAssets, {}, &assets), 0);
-  EXPECT_FALSE(PccOf(assets)->enable);
-  EXPECT_EQ(PccOf(assets)->coeffs.r[1], 0.75);
-
-  Parser().blocks.clear();
-  Parser().process_result = -5;
-  HwConfigOutputParams output;
-  EXPECT_EQ(Render(&output), 0);
-  EXPECT_EQ(NamesOf(output), "PostBlendPCC ");
-  EXPECT_EQ(Algo().merges.size(), 1U);
 }
 
 }  // namespace

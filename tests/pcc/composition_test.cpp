@@ -198,6 +198,7 @@ TEST_F(Composition, NoticesOnceThatLtmWasSwitchedOff) {
   Start();
   for (const bool has_block : {true, false}) {
     SetLtm(Random(1));
+    EXPECT_TRUE(NeedsUpdate());
     HwConfigOutputParams on;
     ASSERT_EQ(Render(&on), 0);
     SetLtm(Random(1), false);

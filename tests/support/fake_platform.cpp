@@ -60,7 +60,6 @@ ZEL_TAKE_OVER int __android_log_print(int prio, const char* tag, const char* fmt
   const std::lock_guard lock(log_mutex);
   Platform().log.push_back({.priority = prio,
                             .tag = tag,
-                            .format = prefixed ? fmt + std::strlen(kPrefix) : fmt,
                             .function = prefixed ? function.data() : "(no prefix)",
                             .line = line,
                             .text = text.data() + message});

@@ -8,12 +8,9 @@
 struct LogLine {
   int priority;
   std::string tag;
-  std::string format;    // behind the common prefix
   std::string function;  // of the prefix
   int line;
   std::string text;  // behind the common prefix
-
-  bool operator==(const std::string& shown) const { return text == shown; }
 };
 
 // The thread sanitizer must see threads start itself; there they always do.
