@@ -36,7 +36,6 @@ std::string RefusalOfFile(const std::string& path) {
     const std::string line = error.what();
     EXPECT_EQ(line.substr(0, path.size() + 2), path + ": ");
     EXPECT_EQ(line.find('\n'), std::string::npos) << line;
-    EXPECT_LT(line.size(), 350U);
     return line.substr(path.size() + 2);
   }
 }
@@ -44,7 +43,7 @@ std::string RefusalOfFile(const std::string& path) {
 std::string RefusalOf(const std::string& text) {
   const std::string path = testing::TempDir() + "panel_" + std::to_string(getpid()) + ".json";
   std::ofstream(path, std::ios::binary) << text;
-  const std::string refusal = RefusalOfFile(path);
+  std::string refusal = RefusalOfFile(path);
   std::filesystem::remove(path);
   return refusal;
 }
@@ -65,7 +64,6 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {kPanel, kPanel + std::string("\n\0 }}}", 6), "line 14: holds a NUL byte"},
       {kPanel, "\n" + std::string(100000, '['), "line 2: nested too deeply"},
       {"500", "500,,", "line 5: syntax error"},
-      {"500", "1e999", "line 5: number overflow"},
       {"500", "500, \"peak\": 600", "line 5: key \"peak\" stands twice in one object"},
       {"tester", std::string(17 << 20, 'x'), "larger than 16 MiB"},
       {"tester", "", "$.name: expected 1 to 256 characters, none a control character"},
@@ -93,10 +91,11 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {"other", "native", "$.modes[1]: has the label of an earlier mode"},
       {"254", "0", "$.modes[1]: has the ids of mode \"native\""},
       {"254", "255", "$.modes[1].gamut: expected an integer from 0 to 254"},
-      {"254", "18446744073709551615", "$.modes[1].gamut: expected an integer"},
+      {de, R"("pa": {"i_params": [18446744073709551615, 0, 0, 0]})", "$.modes[1].blocks.pa.i_par"},
       {"\"bt2020\"", "\"srgb\", \"white\": [0.2, 0.45]", "$.modes[1].target.white: white lies"},
       {"01", "0g", "$.modes[1].blocks.de.params: expected hexadecimal digits, at character 0"},
       {"01", "012", "$.modes[1].blocks.de.params: expected two hexadecimal digits per byte"},
+      {"01", std::string(82, '0'), "$.modes[1].blocks.de.params: expected at most 40 bytes, found"},
       {de, R"("pa": {"f_params": [1, 2, 3, 1e39]})", "$.modes[1].blocks.pa.f_params[3]: expected"},
       {de, "\"hdr_blob\": {}", "$.modes[1].blocks.hdr_blob: expected either \"hex\" or \"text\""},
       {de, blob_start + "\"}", ""},
@@ -125,8 +124,7 @@ TEST(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
     while (!phone[place].is_object()) place = place.parent_pointer();
     description = phone;
     description[place]["x"] = 1;
-    EXPECT_NE(RefusalOf(description.dump()).find(": unknown key \"x\""), std::string::npos)
-        << place;
+    EXPECT_TRUE(RefusalOf(description.dump()).ends_with(": unknown key \"x\"")) << place;
   }
 }
 
