@@ -1,0 +1,131 @@
+// Panel descriptions that are refused: each names the place and the reason.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "devkit/reference/panel/panel_error.h"
+#include "devkit/reference/panel/read_panel.h"
+
+namespace {
+
+using nlohmann::json;
+
+const std::string kPanel = R"({
+  "format": 1, "name": "tester",
+  "panel": {
+    "primaries": {"red": [0.64, 0.33], "green": [0.3, 0.6], "blue": [0.15, 0.06]},
+    "white": [0.3127, 0.329], "luminance": {"peak": 500}, "transfer": "srgb"
+  },
+  "dither": {"bits": 8},
+  "modes": [
+    {"label": "native", "gamut": 0, "gamma": 0, "intent": 0, "hw_assets": ["an asset"]},
+    {"label": "other", "gamut": 254, "gamma": 0, "intent": 0,
+     "target": {"primaries": "bt2020"}, "blocks": {"de": {"params": "01"}}}
+  ]
+})";
+
+// Why the file is refused, without its name; empty when it is accepted.
+std::string RefusalOfFile(const std::string& path) {
+  try {
+    tarn::reference::ReadPanel(path);
+    return "";
+  } catch (const tarn::reference::PanelError& error) {
+    const std::string line = error.what();
+    EXPECT_EQ(line.substr(0, path.size() + 2), path + ": ");
+    EXPECT_EQ(line.find('\n'), std::string::npos) << line;
+    return line.substr(path.size() + 2);
+  }
+}
+
+std::string RefusalOf(const std::string& text) {
+  const std::string path = testing::TempDir() + "panel_" + std::to_string(getpid()) + ".json";
+  std::ofstream(path, std::ios::binary) << text;
+  std::string refusal = RefusalOfFile(path);
+  std::filesystem::remove(path);
+  return refusal;
+}
+
+TEST(PanelFile, IsRefusedWithPlaceAndReason) {
+  const std::string de = R"("de": {"params": "01"})";
+  const std::string blob_start = R"("hdr_blob": {"text": ")" + std::string(1 << 20, 'x');
+  std::string letters;
+  while (letters.size() < 2 * 64) letters += "\u00e9";
+  struct Case {
+    std::string text;  // in the description above
+    std::string other;
+    std::string refusal;  // its beginning; empty where the other text is accepted
+  };
+  const Case cases[] = {
+      {kPanel, "\xef\xbb\xbf" + kPanel, ""},
+      {kPanel, "[" + kPanel + "]", "$: expected an object"},
+      {kPanel, kPanel + std::string("\n\0 }}}", 6), "line 14: holds a NUL byte"},
+      {kPanel, "\n" + std::string(100000, '['), "line 2: nested too deeply"},
+      {"500", "500,,", "line 5: syntax error"},
+      {"500", "500, \"peak\": 600", "line 5: key \"peak\" stands twice in one object"},
+      {"tester", std::string(17 << 20, 'x'), "larger than 16 MiB"},
+      {"tester", "", "$.name: expected 1 to 256 characters, none a control character"},
+      {"\"format\"", "\"other\"", "$: key \"format\" is missing"},
+      {"\"format\"", "\"a\\nb\": 1, \"format\"", "$: unknown key \"a\\nb\""},
+      {"1,", "2,", "$.format: expected 1"},
+      {"0.64, 0.33", "0.64", "$.panel.primaries.red: expected an array of 2"},
+      {"0.64, 0.33", "0.7, 0.6", "$.panel.primaries.red: x + y must not exceed 1"},
+      {"0.06", "0", "$.panel.primaries.blue[1]: expected a number from 0.001 to 1"},
+      {"0.3, 0.6", "0.395, 0.195", "$.panel.primaries: red, green and blue lie on one line"},
+      {"0.329", "0.5", "$.panel.white[1]: expected a number from 0.25 to 0.45"},
+      {"0.3127, 0.329", "0.2, 0.45", "$.panel.white: white lies outside the triangle"},
+      {"500", "10000, \"black\": 100", ""},
+      {"500", "500, \"black\": 5.1", "$.panel.luminance.black: expected a number from 0 to 5"},
+      {"\"srgb\"", "\"st2084\"", "$.panel.transfer: expected one of linear, srgb"},
+      {"\"srgb\"", "{}", "$.panel.transfer: expected the key \"gamma\" or \"ramp\""},
+      {"\"srgb\"", R"({"ramp": [[0, 1], [1, 1]]})", "$.panel.transfer.ramp[1]: signal and light"},
+      {"\"srgb\"", R"({"ramp": [[0, 0], [0, 1], [1, 2]]})", "$.panel.transfer.ramp[1]: signal"},
+      {"\"srgb\"", R"({"ramp": [[0.1, 0], [1, 1]]})", "$.panel.transfer.ramp: signals must"},
+      {"8", "8.5", "$.dither.bits: expected an integer from 1 to 16"},
+      {"native", letters, ""},
+      {"native", letters + "x", "$.modes[0].label: expected 1 to 64 characters"},
+      {"native", "two\\nlines", "$.modes[0].label: expected 1 to 64 characters"},
+      {"an asset", "\\u009b", "$.modes[0].hw_assets[0]: expected 1 to 64 characters"},
+      {"other", "native", "$.modes[1]: has the label of an earlier mode"},
+      {"254", "0", "$.modes[1]: has the ids of mode \"native\""},
+      {"254", "255", "$.modes[1].gamut: expected an integer from 0 to 254"},
+      {de, R"("pa": {"i_params": [18446744073709551615, 0, 0, 0]})", "$.modes[1].blocks.pa.i_par"},
+      {"\"bt2020\"", "\"srgb\", \"white\": [0.2, 0.45]", "$.modes[1].target.white: white lies"},
+      {"01", "0g", "$.modes[1].blocks.de.params: expected hexadecimal digits, at character 0"},
+      {"01", "012", "$.modes[1].blocks.de.params: expected two hexadecimal digits per byte"},
+      {"01", std::string(82, '0'), "$.modes[1].blocks.de.params: expected at most 40 bytes, found"},
+      {de, R"("pa": {"f_params": [1, 2, 3, 1e39]})", "$.modes[1].blocks.pa.f_params[3]: expected"},
+      {de, "\"hdr_blob\": {}", "$.modes[1].blocks.hdr_blob: expected either \"hex\" or \"text\""},
+      {de, blob_start + "\"}", ""},
+      {de, blob_start + "x\"}", "$.modes[1].blocks.hdr_blob.text: expected at most 1048576 bytes"},
+  };
+  for (const Case& c : cases) {
+    std::string text = kPanel;
+    const std::string refusal = RefusalOf(text.replace(text.find(c.text), c.text.size(), c.other));
+    EXPECT_EQ(refusal.substr(0, c.refusal.size()), c.refusal) << c.other.substr(0, 60);
+    EXPECT_EQ(refusal.empty(), c.refusal.empty()) << refusal;
+  }
+  EXPECT_EQ(RefusalOfFile("/nonexistent/panel.json"), "No such file or directory");
+  EXPECT_EQ(RefusalOfFile(testing::TempDir()), "not a file");
+}
+
+// What holds for every value and object that there can be.
+TEST(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
+  std::ifstream file(PANELS "phone-oled.json");
+  const json phone = json::parse(file);
+  const json leaves = phone.flatten();  // items() refers to it
+  for (const auto& leaf : leaves.items()) {
+    json::json_pointer place(leaf.key());
+    json description = phone;
+    description[place] = nullptr;
+    EXPECT_EQ(RefusalOf(description.dump()).substr(0, 2), "$.") << place;
+    while (!phone[place].is_object()) place = place.parent_pointer();
+    description = phone;
+    description[place]["x"] = 1;
+    EXPECT_TRUE(RefusalOf(description.dump()).ends_with(": unknown key \"x\"")) << place;
+  }
+}
+
+}  // namespace
