@@ -1,120 +1,105 @@
-// The colour blocks as functions, on records made by hand.
+// Colour blocks as functions, on records made by hand, and the gamut that they make.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstring>
-#include <functional>
 #include <memory>
 #include <stdexcept>
 
-#include "devkit/zelctl/blocks/block_pipeline.h"
-#include "plugin/names.h"
+#include "devkit/zelctl/plot/gamut_diagram.h"
+#include "devkit/zelctl/plot/spectral_locus.h"
 
 namespace {
 
-using tarn::color::Vec3;
+using tarn::color::Chromaticity;
 using tarn::reference::GamutLut;
-using velaricolor::GamutPostBlendConfig;
 using velaricolor::HwConfigOutputParams;
 using velaricolor::PccPostBlendConfig;
+using zelctl::BlockPipeline;
 
 template <typename T>
-void Add(const std::string& name, const T& record, HwConfigOutputParams* output) {
-  output->payloads.push_back(
-      {.hw_block = name, .payload = std::make_shared<T>(record), .len = sizeof(T)});
+HwConfigOutputParams Block(const std::string& name, const T& record) {
+  return {
+      .payloads = {{.hw_block = name, .payload = std::make_shared<T>(record), .len = sizeof(T)}}};
 }
 
-GamutPostBlendConfig Record(const GamutLut& lut) {
-  GamutPostBlendConfig record = {.enable = true, .lut_data = {}};
+HwConfigOutputParams Igc(const std::array<std::vector<uint32_t>, 3>& tables) {
+  velaricolor::GammaPostBlendConfig record;
+  record.enable = true;
+  record.c0 = tables[0];
+  record.c1 = tables[1];
+  record.c2 = tables[2];
+  return Block("PostBlendIGC", record);
+}
+
+HwConfigOutputParams Gamut(const GamutLut& lut) {
+  velaricolor::GamutPostBlendConfig record = {.enable = true, .lut_data = {}};
   std::memcpy(record.lut_data.data(), &lut, sizeof lut);
-  return record;
+  return Block("PostBlendGamut", record);
 }
 
-// Multilinear in red, green and blue, so that interpolation is exact.
-Vec3 Twisted(const Vec3& c) { return {c[2], c[0] * c[1], (1 - c[0]) * c[1] * c[2]}; }
+TEST(Blocks, ComputeWithTheirOwnFigures) {
+  const auto [r, g, b] = BlockPipeline(Igc({{{0, 3}, {3, 0}, {1}}}), 2, 10).Apply({0, 0.25, 0});
+  EXPECT_EQ(r, 0);
+  EXPECT_DOUBLE_EQ(g, 0.75);
+  EXPECT_DOUBLE_EQ(b, 1.0 / 3);
+  const PccPostBlendConfig offset = {.enable = true, .coeffs = {.r = {51, 0.5}}};
+  EXPECT_DOUBLE_EQ(zelctl::ApplyPcc(offset, {0.4, 1, 1})[0], 0.4);
+}
 
-GamutLut TwistedLut() {
-  GamutLut lut = {.bit_depth = 32, .nodes = {}};
-  for (size_t r = 0; r < 17; ++r) {
-    for (size_t g = 0; g < 17; ++g) {
-      for (size_t b = 0; b < 17; ++b) {
-        const Vec3 value = Twisted({static_cast<double>(r) / 16, static_cast<double>(g) / 16,
-                                    static_cast<double>(b) / 16});
-        for (size_t i = 0; i < 3; ++i) {
-          lut.nodes[tarn::reference::NodeIndex(r, g, b)][i] =
-              static_cast<uint64_t>(value[i] * 4294967295.0);
-        }
-      }
-    }
+std::string Problem(const HwConfigOutputParams& output) {
+  try {
+    BlockPipeline(output, 2, 10).Apply({1, 1, 1});
+  } catch (const std::runtime_error& e) {
+    return e.what();
   }
-  return lut;
-}
-
-void ExpectNear(const Vec3& actual, const Vec3& expected, double tolerance) {
-  for (size_t i = 0; i < 3; ++i) EXPECT_NEAR(actual[i], expected[i], tolerance) << "channel " << i;
-}
-
-TEST(Blocks, GamutTableIsInterpolated) {
-  HwConfigOutputParams output;
-  Add(velaricolor::kPostBlendGamut, Record(TwistedLut()), &output);
-  const zelctl::GamutBlock block(output);
-  for (const Vec3& color : {Vec3{0, 0, 0}, Vec3{1, 1, 1}, Vec3{0.123, 0.777, 0.4}, Vec3{1, 0.5, 0},
-                            Vec3{0.0625, 1, 0.999}}) {
-    ExpectNear(block.Apply(color), Twisted(color), 1e-9);
-  }
-}
-
-TEST(Blocks, EachTakesWhatTheOneBeforeGave) {
-  HwConfigOutputParams output;
-  velaricolor::GammaPostBlendConfig igc;
-  igc.enable = true;
-  igc.c0 = {0, 1023};
-  igc.c1 = {0, 0, 1023};  // its first half is black
-  igc.c2 = {1023, 0};
-  velaricolor::GammaPostBlendConfig gc;  // axis: the root of light
-  gc.enable = true;
-  gc.c0 = gc.c1 = gc.c2 = {0, 255};
-  Add(velaricolor::kPostBlendIGC, igc, &output);
-  Add(velaricolor::kPostBlendPCC,
-      PccPostBlendConfig{.enable = true,
-                         .coeffs = {.r = {51, 0.5}, .g = {0, 1, 1}, .b = {0, -1, 0, 0.5}}},
-      &output);
-  Add(velaricolor::kPostBlendGC, gc, &output);
-  // IGC: 0.4, 0.6, 0.8; PCC: 0.2 + 0.2, 1.0, 0.4 - 0.4.
-  ExpectNear(zelctl::BlockPipeline(output, 10, 8).Apply({0.4, 0.8, 0.2}), {0.632455532, 1, 0},
-             1e-7);
-}
-
-TEST(Blocks, DisabledOrAbsentOnesLetColoursPass) {
-  HwConfigOutputParams disabled;
-  Add(velaricolor::kPostBlendGamut, GamutPostBlendConfig{.lut_data = {}}, &disabled);
-  Add(velaricolor::kPostBlendPCC, PccPostBlendConfig{.coeffs = {}}, &disabled);
-  Add(velaricolor::kPostBlendGC, velaricolor::GammaPostBlendConfig(), &disabled);
-  for (const HwConfigOutputParams& output : {HwConfigOutputParams(), disabled}) {
-    const zelctl::BlockPipeline pipeline(output, 12, 10);
-    ExpectNear(pipeline.Apply({0.1, 0.5, 1.5}), {0.1, 0.5, 1}, 1e-15);
-  }
+  return "";
 }
 
 TEST(Blocks, UnusableRecordsAreRefused) {
-  GamutLut other_side = TwistedLut();
-  other_side.side = 9;
-  GamutLut too_large = TwistedLut();
-  too_large.bit_depth = 12;
-  PccPostBlendConfig other_version = {.enable = true, .coeffs = {}};
-  other_version.version = 1;
-  const std::function<void(HwConfigOutputParams*)> cases[] = {
-      [&](auto* output) { Add(velaricolor::kPostBlendGamut, Record(other_side), output); },
-      [&](auto* output) { Add(velaricolor::kPostBlendGamut, Record(too_large), output); },
-      [&](auto* output) { Add(velaricolor::kPostBlendPCC, other_version, output); },
-      [&](auto* output) { output->payloads.push_back({.hw_block = velaricolor::kPostBlendIGC}); },
-  };
-  for (const auto& add : cases) {
-    HwConfigOutputParams output;
-    add(&output);
-    EXPECT_THROW(zelctl::BlockPipeline(output, 12, 10), std::runtime_error);
-  }
+  GamutLut large = {.bit_depth = 12, .nodes = {}};
+  large.nodes.back()[2] = 4096;
   const PccPostBlendConfig huge = {.enable = true, .coeffs = {.r = {0, 1e308, -1e308}}};
-  EXPECT_THROW(zelctl::ApplyPcc(huge, {1, 1, 1}), std::runtime_error);
+  EXPECT_EQ(Problem(Gamut(large)), "PostBlendGamut: its table is not of the layout in gamut_lut.h");
+  EXPECT_EQ(Problem(Igc({{{1}, {}, {1}}})), "PostBlendIGC c1: 0 entries, which is no table");
+  EXPECT_EQ(Problem(Igc({{{0}, {0}, {4, 3}}})), "PostBlendIGC c2: code 4 in a table of 2 bits");
+  EXPECT_EQ(Problem(Block("PostBlendPCC", huge)), "PostBlendPCC: its coefficients are too large");
+  EXPECT_EQ(Problem({.payloads = {{.hw_block = "PostBlendGC"}}}),
+            "PostBlendGC: its record is missing or of another version");
+}
+
+bool Holds(const std::vector<Chromaticity>& points, const Chromaticity& point) {
+  return std::any_of(points.begin(), points.end(), [&point](const Chromaticity& other) {
+    return std::hypot(other.x - point.x, other.y - point.y) < 1e-9;
+  });
+}
+
+TEST(GamutDiagram, ShowsWhatTheBlocksLeaveOfThePanel) {
+  tarn::reference::Panel panel;
+  panel.primaries = tarn::color::kBt2020;
+  panel.luminance.peak = 500;
+  for (const uint32_t green : {0U, 3U}) {
+    const BlockPipeline pipeline(Igc({{{0, 3}, {0, green}, {0, 3}}}), 2, 10);
+    const auto diagram = MakeGamutDiagram(panel, {}, pipeline);
+    EXPECT_TRUE(Holds(diagram.shown, panel.primaries.red));
+    EXPECT_TRUE(Holds(diagram.shown, panel.primaries.blue));
+    EXPECT_EQ(Holds(diagram.shown, panel.primaries.green), green == 3);
+    EXPECT_EQ(Holds(diagram.shown_white, panel.primaries.white), green == 3);
+    EXPECT_LT(diagram.shown.size(), 50) << "corners, and what rounding makes of sides";
+  }
+}
+
+// ITU-R BT.2020's primaries are monochromatic: 630, 532 and 467 nm.
+TEST(SpectralLocus, HoldsTheMonochromaticPrimaries) {
+  const auto& [red, green, blue, white] = tarn::color::kBt2020;
+  for (const auto& [nanometres, xy] : {std::pair(630U, red), {532U, green}, {467U, blue}}) {
+    const auto& low = zelctl::kSpectralLocus.at((nanometres - 380) / 5);
+    const auto& high = zelctl::kSpectralLocus.at((nanometres - 380) / 5 + 1);
+    const double share = nanometres % 5 / 5.0;
+    EXPECT_NEAR(std::lerp(low.xy.x, high.xy.x, share), xy.x, 0.0015);
+    EXPECT_NEAR(std::lerp(low.xy.y, high.xy.y, share), xy.y, 0.0015);
+  }
 }
 
 }  // namespace
