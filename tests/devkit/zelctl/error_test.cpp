@@ -64,7 +64,8 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
     EXPECT_EQ(run.err.substr(behind_the_plugin), "zelctl: " + test.line + '\n') << run.err;
   }
   EXPECT_EQ(ReadFile(png), "kept");
-  for (const auto& entry : std::filesystem::directory_iterator(testing::TempDir())) {
+  for (const auto& entry :
+       std::filesystem::directory_iterator(std::filesystem::path(png).parent_path())) {
     EXPECT_NE(entry.path().string().rfind(png + ".", 0), 0) << entry.path() << " is left over";
   }
 }

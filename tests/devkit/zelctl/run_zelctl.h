@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -17,10 +17,18 @@ inline std::string ReadFile(const std::string& path) {
   return text.str();
 }
 
-// A file of this test program, which holds `text`.
+// This process's own, for ctest runs several at once; removed at its end.
+struct TestFolder {
+  TestFolder() { mkdtemp(path.data()); }
+  ~TestFolder() { std::filesystem::remove_all(path); }
+
+  std::string path = testing::TempDir() + "zelctl.XXXXXX";
+};
+
+// The file of that name, which holds `text`.
 inline std::string WriteFile(const std::string& name, const std::string& text) {
-  // Of this process: ctest runs several at once.
-  std::string path = testing::TempDir() + "zelctl." + std::to_string(getpid()) + "." + name;
+  static const TestFolder folder;
+  std::string path = folder.path + "/" + name;
   std::ofstream(path) << text;
   return path;
 }
