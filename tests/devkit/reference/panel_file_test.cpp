@@ -51,6 +51,7 @@ std::string RefusalOf(const std::string& text) {
 TEST(PanelFile, IsRefusedWithPlaceAndReason) {
   const std::string de = R"("de": {"params": "01"})";
   const std::string blob_start = R"("hdr_blob": {"text": ")" + std::string(1 << 20, 'x');
+  const std::string fifteen = "0,1,2,3,4,5,6,7,8,9,10,11,12,13,14,";
   std::string letters;
   while (letters.size() < 2 * 64) letters += "\u00e9";
   struct Case {
@@ -83,6 +84,11 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {"\"srgb\"", R"({"ramp": [[0, 1], [1, 1]]})", "$.panel.transfer.ramp[1]: signal and light"},
       {"\"srgb\"", R"({"ramp": [[0, 0], [0, 1], [1, 2]]})", "$.panel.transfer.ramp[1]: signal"},
       {"\"srgb\"", R"({"ramp": [[0.1, 0], [1, 1]]})", "$.panel.transfer.ramp: signals must"},
+      {"\"srgb\"", R"({"gamma": 2, "ramp": []})",
+       "$.panel.transfer: expected \"gamma\" or \"ramp\""},
+      {"8}", "8, \"matrix\": [16]}", "$.dither.matrix: expected an array of 16"},
+      {"8}", "8, \"matrix\": [" + fifteen + "16]}",
+       "$.dither.matrix[15]: expected an integer from"},
       {"8", "8.5", "$.dither.bits: expected an integer from 1 to 16"},
       {"native", letters, ""},
       {"native", letters + "x", "$.modes[0].label: expected 1 to 64 characters"},
