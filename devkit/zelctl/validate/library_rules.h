@@ -16,8 +16,8 @@
 
 namespace zelctl {
 
-// A library under examination. A subject derived from it names the library, its
-// factory's symbol and whether the factory is called on the start-up thread.
+// A library under examination. A subject derived from it says the library's names, its
+// factory's symbol, which thread calls the factory, and whether it may be missing.
 template <typename Interface>
 struct LibrarySubject {
   using Factory = Interface* (*)(int, int);
