@@ -14,6 +14,7 @@
 namespace zelctl {
 namespace {
 
+namespace layout = zeltarn::layout;
 namespace vc = velaricolor;
 
 template <typename Bytes>
@@ -28,11 +29,13 @@ std::string Hex(const Bytes& bytes) {
   return text;
 }
 
-Json Fields(const vc::GamutPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::GamutPostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"lut_data", Hex(config.lut_data)}};
 }
 
-Json Fields(const vc::GammaPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::GammaPostBlendConfig<Side>& config) {
   return {{"enable", config.enable},
           {"c0", config.c0},
           {"c1", config.c1},
@@ -41,16 +44,19 @@ Json Fields(const vc::GammaPostBlendConfig& config) {
           {"aux_value", config.aux_value}};
 }
 
-Json Fields(const vc::PccPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::PccPostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"rows", PccRowsJson(config.coeffs)}};
 }
 
-Json SubParams(const vc::PaSubParams& params) {
+template <typename Side>
+Json SubParams(const layout::PaSubParams<Side>& params) {
   return {{"ints_a", params.ints_a},   {"floats", params.floats},   {"ints_b", params.ints_b},
           {"triple0", params.triple0}, {"triple1", params.triple1}, {"triple2", params.triple2}};
 }
 
-Json Fields(const vc::PaPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::PaPostBlendConfig<Side>& config) {
   Json sub_params = Json::array();
   for (const auto& params : config.sub_params) sub_params.push_back(SubParams(params));
   return {{"enable", config.enable},
@@ -61,48 +67,77 @@ Json Fields(const vc::PaPostBlendConfig& config) {
           {"tail_table", Hex(config.tail_table)}};
 }
 
-Json Fields(const vc::DitherPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::DitherPostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"params", Hex(config.params)}};
 }
 
-Json Fields(const vc::PaDitherPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::PaDitherPostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"words", config.words}};
 }
 
-Json Fields(const vc::DePostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::DePostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"params", Hex(config.params)}};
 }
 
-Json Fields(const vc::HdrBlobPostBlendConfig& config) { return {{"blob", Hex(config.blob)}}; }
+template <typename Side>
+Json Fields(const layout::HdrBlobPostBlendConfig<Side>& config) {
+  return {{"blob", Hex(config.blob)}};
+}
 
-Json Fields(const vc::GameBlobPostBlendConfig& config) {
+template <typename Side>
+Json Fields(const layout::GameBlobPostBlendConfig<Side>& config) {
   return {{"enable", config.enable}, {"blob", Hex(config.blob)}};
 }
 
-template <typename T>
-Json FieldsOf(const vc::HwConfigPayload& payload) {
-  const T* record = RecordOf<T>(payload);
+template <template <typename> class Config, typename Side>
+Json FieldsOf(const layout::HwConfigPayload<Side>& payload) {
+  const auto* record = RecordOf<Config<Side>>(payload);
   return record == nullptr ? Json{{"problem", "its record is missing or of another version"}}
                            : Fields(*record);
 }
 
-using Reader = Json (*)(const vc::HwConfigPayload&);
+// What is known of a block's record: its size and how it is read, from either side.
+struct BlockType {
+  uint32_t bytes;
+  Json (*from_host)(const vc::HwConfigPayload&);
+  Json (*from_library)(const tarn::HwConfigPayload&);
 
-Reader FindReader(const std::string& name) {
-  static const std::map<std::string, Reader> readers = {
-      {vc::kPostBlendGamut, FieldsOf<vc::GamutPostBlendConfig>},
-      {vc::kPostBlendIGC, FieldsOf<vc::GammaPostBlendConfig>},
-      {vc::kPostBlendGC, FieldsOf<vc::GammaPostBlendConfig>},
-      {vc::kPostBlendPCC, FieldsOf<vc::PccPostBlendConfig>},
-      {vc::kPostBlendPa, FieldsOf<vc::PaPostBlendConfig>},
-      {vc::kPostBlendDither, FieldsOf<vc::DitherPostBlendConfig>},
-      {vc::kPostBlendPaDither, FieldsOf<vc::PaDitherPostBlendConfig>},
-      {vc::kPostBlendDE, FieldsOf<vc::DePostBlendConfig>},
-      {vc::kPostBlendHdrBlob, FieldsOf<vc::HdrBlobPostBlendConfig>},
-      {vc::kPostBlendGameBlob, FieldsOf<vc::GameBlobPostBlendConfig>},
+  Json Read(const vc::HwConfigPayload& payload) const { return from_host(payload); }
+  Json Read(const tarn::HwConfigPayload& payload) const { return from_library(payload); }
+};
+
+template <template <typename> class Config>
+BlockType TypeOf() {
+  return {Config<vc::HostSide>::kVersion, FieldsOf<Config, vc::HostSide>,
+          FieldsOf<Config, tarn::LibrarySide>};
+}
+
+const BlockType* FindType(const std::string& name) {
+  static const std::map<std::string, BlockType> types = {
+      {vc::kPostBlendGamut, TypeOf<layout::GamutPostBlendConfig>()},
+      {vc::kPostBlendIGC, TypeOf<layout::GammaPostBlendConfig>()},
+      {vc::kPostBlendGC, TypeOf<layout::GammaPostBlendConfig>()},
+      {vc::kPostBlendPCC, TypeOf<layout::PccPostBlendConfig>()},
+      {vc::kPostBlendPa, TypeOf<layout::PaPostBlendConfig>()},
+      {vc::kPostBlendDither, TypeOf<layout::DitherPostBlendConfig>()},
+      {vc::kPostBlendPaDither, TypeOf<layout::PaDitherPostBlendConfig>()},
+      {vc::kPostBlendDE, TypeOf<layout::DePostBlendConfig>()},
+      {vc::kPostBlendHdrBlob, TypeOf<layout::HdrBlobPostBlendConfig>()},
+      {vc::kPostBlendGameBlob, TypeOf<layout::GameBlobPostBlendConfig>()},
   };
-  const auto found = readers.find(name);
-  return found == readers.end() ? nullptr : found->second;
+  const auto found = types.find(name);
+  return found == types.end() ? nullptr : &found->second;
+}
+
+template <typename Payload>
+Json ReadBlock(const Payload& payload) {
+  Json block = {{"name", payload.hw_block}, {"bytes", payload.len}};
+  const BlockType* type = FindType(payload.hw_block);
+  block.update(type == nullptr ? Json{{"problem", "unknown block"}} : type->Read(payload));
+  return block;
 }
 
 }  // namespace
@@ -111,11 +146,12 @@ Json PccRowsJson(const pcc_coeff_data& coeffs) {
   return {{"r", coeffs.r}, {"g", coeffs.g}, {"b", coeffs.b}};
 }
 
-Json BlockJson(const vc::HwConfigPayload& payload) {
-  Json block = {{"name", payload.hw_block}, {"bytes", payload.len}};
-  const Reader reader = FindReader(payload.hw_block);
-  block.update(reader == nullptr ? Json{{"problem", "unknown block"}} : reader(payload));
-  return block;
+Json BlockJson(const vc::HwConfigPayload& payload) { return ReadBlock(payload); }
+Json BlockJson(const tarn::HwConfigPayload& payload) { return ReadBlock(payload); }
+
+uint32_t RecordBytes(const std::string& block) {
+  const BlockType* type = FindType(block);
+  return type == nullptr ? 0 : type->bytes;
 }
 
 }  // namespace zelctl

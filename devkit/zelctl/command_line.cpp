@@ -140,6 +140,18 @@ void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals) {
   command->callback([&globals, mode] { RunAssets(globals, *mode); });
 }
 
+void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto arguments = std::make_shared<ValidateArguments>();
+  auto* command = app.add_subcommand("validate", "Check a mode parser or an algorithm library");
+  command->add_option("--parser", arguments->parser, "The mode parser to check")->type_name("PATH");
+  command->add_option("--algo", arguments->algo, "The algorithm library to check")
+      ->type_name("PATH");
+  command->add_option("--arg", arguments->arg, "Text for Init; default: the path of --panel")
+      ->type_name("TEXT");
+  command->footer(kValidateHelp);
+  command->callback([&globals, arguments] { RunValidate(globals, *arguments); });
+}
+
 // A subcommand without arguments.
 void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* name,
                      const char* help, void (*run)(const GlobalOptions&)) {
@@ -165,6 +177,7 @@ int RunCommandLine(int argc, char** argv) {
   AddAssetsCommand(app, globals);
   AddPlainCommand(app, globals, "dither", "Show the global dither configuration", RunDither);
   AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", RunCaps);
+  AddValidateCommand(app, globals);
 
   try {
     app.parse(argc, argv);

@@ -1,5 +1,5 @@
-// The subcommands. Each drives the plug-in, prints what it answers, and throws
-// UsageError or CallError.
+// The subcommands. Each but the last drives the plug-in, prints what it answers, and
+// throws UsageError or CallError.
 #pragma once
 
 #include <optional>
@@ -33,11 +33,21 @@ struct PlotArguments {
   RenderOptions options;
 };
 
+// Paths unset: the libraries that the plug-in would find; text unset: --panel's.
+struct ValidateArguments {
+  std::optional<std::string> parser;
+  std::optional<std::string> algo;
+  std::optional<std::string> arg;
+};
+
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);
 void RunCaps(const GlobalOptions& globals);
+
+// Without the plug-in. Throws std::runtime_error where a library breaks a rule.
+void RunValidate(const GlobalOptions& globals, const ValidateArguments& arguments);
 
 }  // namespace zelctl

@@ -3,15 +3,11 @@
 #include <cstring>
 
 namespace zelctl {
-namespace {
 
-// "-22 (EINVAL)"; a library's own code that is no errno value stays a number.
 std::string CodeText(int code) {
   const char* name = code < 0 ? strerrorname_np(-code) : nullptr;
   return std::to_string(code) + (name == nullptr ? "" : " (" + std::string(name) + ")");
 }
-
-}  // namespace
 
 CallError::CallError(const std::string& call, int code)
     : std::runtime_error(call + " answered " + CodeText(code)) {}

@@ -9,6 +9,9 @@ namespace zelctl {
 inline constexpr int kExitCallFailed = 1;  // the plug-in refused a call, or output was lost
 inline constexpr int kExitUsage = 2;       // a wrong mode, file, number or option
 
+// "-22 (EINVAL)"; a library's own code that is no errno value stays a number.
+std::string CodeText(int code);
+
 // The user's input can't be used. One line, without a final full stop.
 class UsageError : public std::runtime_error {
  public:

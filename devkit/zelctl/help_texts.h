@@ -11,9 +11,11 @@ inline constexpr const char* kExamples =
     "  zelctl render srgb --from native --json\n"
     "  zelctl render srgb --image in.png -o out.png\n"
     "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
+    "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
-    "Exit status: 0; 1 when a call of the plug-in failed; 2 for a wrong mode, file or number.";
+    "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed; 2 for a wrong\n"
+    "mode, file or number.";
 
 inline constexpr const char* kRenderHelp =
     "The second table shows the PCC block after each call: per output channel its offset (in\n"
@@ -32,5 +34,11 @@ inline constexpr const char* kPlotHelp =
     "curves  the IGC and GC tables\n"
     "pcc     what the PCC block makes of red, green, blue and white: for the mode alone, then\n"
     "        with colour transform, LTM and dimming, as far as they are given";
+
+inline constexpr const char* kValidateHelp =
+    "Opens the libraries itself, without the plug-in, and calls them as it would. With neither\n"
+    "--parser nor --algo both, as --plugin finds them by name: in LD_LIBRARY_PATH, beside it, or\n"
+    "where the system keeps libraries. A library that crashes takes zelctl with it, while it was\n"
+    "checked for the rule behind the last line (--json prints nothing then).";
 
 }  // namespace zelctl

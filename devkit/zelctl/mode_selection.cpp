@@ -17,11 +17,6 @@ std::string Titles(const velaricolor::ColorModeList& list) {
 
 }  // namespace
 
-std::string ModeIds(const velaricolor::ColorMode& mode) {
-  return std::to_string(mode.gamut) + ":" + std::to_string(mode.gamma) + ":" +
-         std::to_string(mode.intent);
-}
-
 std::string ModeTitle(const velaricolor::ColorModeList& list, size_t index) {
   const auto& mode = list.modes[index];
   return std::to_string(index) + " " + mode.label + " (" + ModeIds(mode) + ")";

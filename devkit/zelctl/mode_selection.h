@@ -10,7 +10,11 @@ namespace zelctl {
 inline constexpr const char* kModeHelp = "Index, label, or ids as GAMUT:GAMMA:INTENT";
 
 // "1:2:0"
-std::string ModeIds(const velaricolor::ColorMode& mode);
+template <typename Side>
+std::string ModeIds(const zeltarn::layout::ColorMode<Side>& mode) {
+  return std::to_string(mode.gamut) + ":" + std::to_string(mode.gamma) + ":" +
+         std::to_string(mode.intent);
+}
 
 // "3 srgb (1:2:0)"
 std::string ModeTitle(const velaricolor::ColorModeList& list, size_t index);

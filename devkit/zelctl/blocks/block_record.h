@@ -19,8 +19,8 @@ inline const velaricolor::HwConfigPayload* FindBlock(
 }
 
 // The payload's record, or null where it is not a T.
-template <typename T>
-const T* RecordOf(const velaricolor::HwConfigPayload& payload) {
+template <typename T, typename Side>
+const T* RecordOf(const zeltarn::layout::HwConfigPayload<Side>& payload) {
   const auto* record = static_cast<const T*>(payload.payload.get());
   const bool matches =
       record != nullptr && payload.len == sizeof(T) && record->version == T::kVersion;

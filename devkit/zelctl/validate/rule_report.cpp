@@ -1,0 +1,75 @@
+#include "devkit/zelctl/validate/rule_report.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace zelctl {
+namespace {
+
+// In the order of Verdict.
+constexpr std::array<const char*, 4> kResults = {"passed", "FAILED", "warning", "skipped"};
+constexpr std::array<const char*, 4> kCounted = {"passed", "failed", "warnings", "skipped"};
+
+// Lines are printed before the next is known, so widths can't follow the cells:
+// these are the longest library's, rule's and result's.
+constexpr std::array<size_t, 3> kWidths = {9, 22, 7};
+
+std::string Padded(std::string text, size_t width) {
+  text.resize(std::max(width, text.size()), ' ');
+  return text;
+}
+
+// Labels and names are the library's; whatever they hold, a line stays a line.
+std::string OneLine(std::string text) {
+  std::replace_if(
+      text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, '?');
+  return text;
+}
+
+}  // namespace
+
+RuleReport::RuleReport(bool json, std::ostream* out) : json_(json), out_(out) {
+  if (!json_) PrintLine("LIBRARY", "RULE", "RESULT", "SEEN");
+}
+
+void RuleReport::PrintLine(const std::string& library, const std::string& rule,
+                           const std::string& result, const std::string& seen) {
+  *out_ << Padded(library, kWidths[0]) << "  " << Padded(rule, kWidths[1]) << "  "
+        << Padded(result, kWidths[2]) << "  " << seen << '\n'
+        << std::flush;
+}
+
+void RuleReport::Add(const std::string& library, const std::string& rule, const Finding& finding) {
+  const auto verdict = static_cast<size_t>(finding.verdict);
+  ++counts_[verdict];
+  if (json_) {
+    rules_.push_back({{"library", library},
+                      {"rule", rule},
+                      {"result", kResults[verdict]},
+                      {"seen", finding.seen}});
+  } else {
+    PrintLine(library, rule, kResults[verdict], OneLine(finding.seen));
+  }
+}
+
+void RuleReport::Finish() {
+  Json counts;
+  std::string line;
+  for (size_t i = 0; i < counts_.size(); ++i) {
+    counts[kCounted[i]] = counts_[i];
+    line += (i == 0 ? "" : ", ") + std::to_string(counts_[i]) + " " + kCounted[i];
+  }
+  if (json_) {
+    PrintJson({{"rules", rules_}, {"counts", counts}}, *out_);
+  } else {
+    *out_ << line << '\n';
+  }
+  if (!out_->flush()) throw std::runtime_error("can't write to standard output");
+  const size_t failed = counts_[static_cast<size_t>(Verdict::kFailed)];
+  if (failed > 0) {
+    throw std::runtime_error(std::to_string(failed) + (failed == 1 ? " rule" : " rules") +
+                             " failed");
+  }
+}
+
+}  // namespace zelctl
