@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <sstream>
+#include <stdexcept>
 #include <string>
 
 // The text of the file at `path`.
@@ -19,7 +20,9 @@ inline std::string ReadFile(const std::string& path) {
 
 // This process's own, for ctest runs several at once; removed at its end.
 struct TestFolder {
-  TestFolder() { mkdtemp(path.data()); }
+  TestFolder() {
+    if (mkdtemp(path.data()) == nullptr) throw std::runtime_error("no folder for the test");
+  }
   ~TestFolder() { std::filesystem::remove_all(path); }
 
   std::string path = testing::TempDir() + "zelctl.XXXXXX";
