@@ -4,7 +4,6 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
-scripts/install-deps.sh verify
 scripts/build.sh coverage
 build=build/coverage
 rm -rf "$build/profiles"

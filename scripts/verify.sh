@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every proof there is: form, all tests on every preset, the fuzzers' short run,
+# Every proof but the faults on purpose: form, all tests on every preset, the fuzzers' short run,
 # coverage. Ends with a table of what ran, and fails where anything failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."

@@ -160,7 +160,9 @@ TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
   EXPECT_EQ(Run(&output), 0);
   const auto first = std::static_pointer_cast<DitherPostBlendConfig>(output.payloads[0].payload);
   output.payloads.push_back({.hw_block = "PostBlendDither"});
-  Parser().blocks = {PaDither(), Dither(3), Dither(4)};
+  Parser().blocks.assign(20, Dither(3));  // more than there are names
+  Parser().blocks.insert(Parser().blocks.begin(), PaDither());
+  Parser().blocks.push_back(Dither(4));
   EXPECT_EQ(Run(&output), 0);
   EXPECT_EQ(NamesOf(output), "PostBlendDither PostBlendDither PostBlendPaDither ");
   EXPECT_EQ(output.payloads[0].payload, first);

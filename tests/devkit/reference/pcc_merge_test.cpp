@@ -48,7 +48,7 @@ TEST_F(PccMerge, EqualsApplyingOneAfterTheOther) {
     const auto expected = Evaluate(trans, Evaluate(active, rgb));
     const auto found = Evaluate(output_.result, rgb);
     for (size_t i = 0; i < 3; ++i) {
-      EXPECT_NEAR(found[i], expected[i], 1e-12) << &trans - &cases[0].first << ", channel " << i;
+      EXPECT_NEAR(found[i], expected[i], 1e-12) << trans.r[1] << ", channel " << i;
     }
   }
 }
