@@ -43,7 +43,7 @@ void WritePlot(const Input& input, const std::vector<PccRound>& rounds, std::ost
       << "set xrange [-0.6:" << static_cast<double>(rounds.size()) - 0.4 << "]\n";
 }
 
-constexpr const char* kCommands = R"(
+constexpr const char* kPccCommands = R"(
 set grid ytics linecolor '#e4e4e4' linetype 1
 set style data histogram
 set style histogram clustered gap 1
@@ -81,7 +81,7 @@ std::array<std::string, 4> PccPlots(const std::vector<PccRound>& rounds) {
     }
     out << "set key " << (i == 0 ? "top center horizontal maxrows 1 samplen 1 width 0.6" : "off")
         << '\n'
-        << kCommands;
+        << kPccCommands;
     plots[i] = out.str();
   }
   return plots;
