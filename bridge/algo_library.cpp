@@ -12,7 +12,7 @@ int ZelTarnImpl::LoadTarnAlgoLib(const std::string& arg) {
   const auto factory = FindFactory<tarn::TarnAlgoFactory>(algo_lib_handle_, algo_lib_name_,
                                                           algo_intf_symbol_, __func__);
   if (factory == nullptr) return kErrInvalid;
-  algo_intf_.reset(factory(kTarnMajorVersion, kTarnMinorVersion));
+  algo_intf_.reset(factory(tarn::kTarnMajorVersion, tarn::kTarnMinorVersion));
   if (algo_intf_ == nullptr) {
     ZEL_LOGE("Failed to get tarn algo intf from %s", algo_lib_name_.c_str());
     return kErrInvalid;

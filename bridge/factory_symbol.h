@@ -8,10 +8,6 @@
 
 namespace velaricolor {
 
-// The version of their interfaces that both libraries are asked for.
-inline constexpr int kTarnMajorVersion = 2;
-inline constexpr int kTarnMinorVersion = 0;
-
 // The factory that `library` exports as `symbol`; null, with an error line under
 // `function`, where it has none.
 template <typename Factory>

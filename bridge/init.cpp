@@ -23,7 +23,7 @@ int ZelTarnImpl::Init(const std::string& arg) {
   const auto factory = FindFactory<tarn::ModeParserFactory>(
       mode_parser_lib_handle_, mode_parser_lib_name_, mode_parser_intf_symbol_, __func__);
   if (factory == nullptr) return kErrInvalid;
-  mode_parser_intf_.reset(factory(kTarnMajorVersion, kTarnMinorVersion));
+  mode_parser_intf_.reset(factory(tarn::kTarnMajorVersion, tarn::kTarnMinorVersion));
   if (mode_parser_intf_ == nullptr) {
     ZEL_LOGE("Failed to get mode parser intf from %s", mode_parser_lib_name_.c_str());
     return kErrInvalid;

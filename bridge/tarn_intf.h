@@ -62,7 +62,17 @@ class ModeParserIntf : public LibraryIntf {};
 // libtarn-algo.so, optional: merges PCC matrices.
 class TarnAlgoIntf : public LibraryIntf {};
 
-// The factories, called with (2, 0). Return a new object, which the plug-in
+// The files that are opened, and the factories that they export.
+inline constexpr const char* kModeParserLibrary = "libtarn-json-mode-parser.so";
+inline constexpr const char* kModeParserSymbol = "GetTarnZelInterface";
+inline constexpr const char* kTarnAlgoLibrary = "libtarn-algo.so";
+inline constexpr const char* kTarnAlgoSymbol = "GetTarnAlgoInterface";
+
+// The version of their interfaces that both factories are asked for.
+inline constexpr int kTarnMajorVersion = 2;
+inline constexpr int kTarnMinorVersion = 0;
+
+// The factories, called with that version. Return a new object, which the plug-in
 // owns and destroys with delete, or null.
 using ModeParserFactory = ModeParserIntf* (*)(int major_version, int minor_version);
 using TarnAlgoFactory = TarnAlgoIntf* (*)(int major_version, int minor_version);

@@ -131,10 +131,10 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   // Members die from the last to the first: settings and tables, then the
   // algorithm library, then the mode parser's. The destructor has destroyed the
   // two interface objects before.
-  const std::string mode_parser_lib_name_ = "libtarn-json-mode-parser.so";
-  const std::string algo_lib_name_ = "libtarn-algo.so";
-  const std::string mode_parser_intf_symbol_ = "GetTarnZelInterface";
-  const std::string algo_intf_symbol_ = "GetTarnAlgoInterface";
+  const std::string mode_parser_lib_name_ = tarn::kModeParserLibrary;
+  const std::string algo_lib_name_ = tarn::kTarnAlgoLibrary;
+  const std::string mode_parser_intf_symbol_ = tarn::kModeParserSymbol;
+  const std::string algo_intf_symbol_ = tarn::kTarnAlgoSymbol;
   LibraryHandle mode_parser_lib_handle_;
   LibraryHandle algo_lib_handle_;
 

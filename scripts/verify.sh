@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every proof but the faults on purpose: form, all tests on every preset, the fuzzers' short run,
-# coverage. Ends with a table of what ran, and fails where anything failed.
+# Every proof but the faults on purpose: form, all tests on every preset, the fuzzers'
+# short run, coverage. Ends with a table of what ran, and fails where anything failed.
 set -uo pipefail
 cd "$(dirname "$0")/.."
 

@@ -12,8 +12,8 @@ namespace zelctl {
 
 struct AlgoSubject : LibrarySubject<tarn::TarnAlgoIntf> {
   static constexpr const char* kLibrary = "algorithm";
-  static constexpr const char* kFile = "libtarn-algo.so";
-  static constexpr const char* kSymbol = "GetTarnAlgoInterface";
+  static constexpr const char* kFile = tarn::kTarnAlgoLibrary;
+  static constexpr const char* kSymbol = tarn::kTarnAlgoSymbol;
   static constexpr bool kMadeAtStartUp = true;
 
   using LibrarySubject::LibrarySubject;

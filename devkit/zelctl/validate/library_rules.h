@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "bridge/library_handle.h"
+#include "bridge/tarn_intf.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/validate/rule.h"
 #include "interface/payload.h"
@@ -66,7 +67,9 @@ Finding FindFactory(Subject& subject) {
 
 template <typename Subject>
 Finding MakeObject(Subject& subject) {
-  const auto make = [&] { return subject.factory(2, 0); };
+  const auto make = [&] {
+    return subject.factory(tarn::kTarnMajorVersion, tarn::kTarnMinorVersion);
+  };
   subject.object.reset(Subject::kMadeAtStartUp ? OnOwnThread(make) : make());
   if (subject.object == nullptr) return {Verdict::kFailed, "null for version 2.0"};
   subject.stage = Stage::kMade;

@@ -23,8 +23,8 @@ struct Question {
 
 struct ParserSubject : LibrarySubject<tarn::ModeParserIntf> {
   static constexpr const char* kLibrary = "parser";
-  static constexpr const char* kFile = "libtarn-json-mode-parser.so";
-  static constexpr const char* kSymbol = "GetTarnZelInterface";
+  static constexpr const char* kFile = tarn::kModeParserLibrary;
+  static constexpr const char* kSymbol = tarn::kModeParserSymbol;
   static constexpr bool kMadeAtStartUp = false;
 
   using LibrarySubject::LibrarySubject;

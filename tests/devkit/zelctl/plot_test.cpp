@@ -46,7 +46,7 @@ TEST(Plot, DrawsExtremes) {
 // gnuplot expands texts in some quotes, and runs what stands in backquotes.
 TEST(Plot, ShowsALabelAsItIs) {
   const std::string label = R"(a'b`false`\"@x\\n{_2})";
-  std::string description = ReadFile(PANEL);
+  std::string description = ReadFile(PANELS "phone-oled.json");
   description.replace(description.find("native"), 6, label);
   const std::string panel = WriteFile("two\nlines.json", description);
   const std::string svg = Drawn(".svg", "0 --panel '" + panel + "'");
