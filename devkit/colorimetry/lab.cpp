@@ -14,9 +14,7 @@ double Compress(double ratio) {
   return ratio > kEdge * kEdge * kEdge ? std::cbrt(ratio) : kSlope * ratio + kOffset;
 }
 
-double Expand(double root) {
-  return root > kEdge ? root * root * root : (root - kOffset) / kSlope;
-}
+double Expand(double root) { return root > kEdge ? root * root * root : (root - kOffset) / kSlope; }
 
 }  // namespace
 

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "devkit/zelctl/host_session.h"
 #include "devkit/zelctl/plot/mode_plot.h"
@@ -13,6 +14,7 @@ namespace zelctl {
 
 struct GlobalOptions {
   SessionOptions session;
+  bool panel_given = false;  // session.panel is the user's
   bool json = false;
 };
 
@@ -33,6 +35,15 @@ struct PlotArguments {
   RenderOptions options;
 };
 
+// At least one of `output`, `patches` and --json; without modes all of them.
+struct ReportArguments {
+  std::vector<std::string> modes;
+  std::optional<std::string> output;
+  std::optional<std::string> patches;
+  std::optional<std::string> measured;
+  RenderOptions options;
+};
+
 // Paths unset: the libraries that the plug-in would find; text unset: --panel's.
 struct ValidateArguments {
   std::optional<std::string> parser;
@@ -43,6 +54,7 @@ struct ValidateArguments {
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
+void RunReport(const GlobalOptions& globals, const ReportArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);
 void RunCaps(const GlobalOptions& globals);
