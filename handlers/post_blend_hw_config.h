@@ -28,6 +28,8 @@ struct PostBlendHwConfig {
 
 }  // namespace zeltarn::layout
 
+namespace zeltarn {
+
 // The longest table that the gamma and inverse-gamma blocks take.
 inline constexpr uint32_t kMaxGammaEntries = 1024;
 
@@ -39,6 +41,8 @@ struct TableDimensions {
 inline constexpr TableDimensions kDefaultInverseGamma = {257, 12};
 inline constexpr TableDimensions kDefaultGamma = {1024, 10};
 inline constexpr TableDimensions kDefaultGamut = {17, 12};
+
+}  // namespace zeltarn
 
 ZEL_DECLARE_SIDES(PostBlendHwConfig)
 ZEL_PIN_SIZE(PostBlendHwConfig, 40);
