@@ -11,8 +11,12 @@
 
 namespace zeltarn::layout {
 
-// Named entries, each a name, a flag and a pair of numbers. Passed through.
-using HwAttributes = std::vector<std::tuple<std::string, bool, std::pair<long, long>>>;
+// Named entries, each a name, a flag and a pair of signed 64-bit numbers. Passed
+// through. An element's layout is part of the contract: 48 bytes, the name at
+// offset 0, the flag at 24, the pair at 32.
+using HwAttribute = std::tuple<std::string, bool, std::pair<long, long>>;
+using HwAttributes = std::vector<HwAttribute>;
+static_assert(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8);
 
 // Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
 // `version` is not looked at; towards the parser it is the version of the
@@ -46,6 +50,7 @@ inline constexpr TableDimensions kDefaultGamut = {17, 12};
 
 ZEL_DECLARE_SIDES(PostBlendHwConfig)
 ZEL_PIN_SIZE(PostBlendHwConfig, 40);
+ZEL_PIN_ALIGNMENT(PostBlendHwConfig, 8);
 ZEL_PIN_FIELD(PostBlendHwConfig, version, 0);
 ZEL_PIN_FIELD(PostBlendHwConfig, num_of_entries, 4);
 ZEL_PIN_FIELD(PostBlendHwConfig, bit_depth, 8);

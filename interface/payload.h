@@ -45,10 +45,10 @@ TarnPayload Wrap(T* record, uint32_t prop = 0) {
 namespace zeltarn::layout {
 
 template <typename Envelope>
-constexpr bool kEnvelopeIsPinned =
-    sizeof(Envelope) == Envelope::kVersion&& offsetof(Envelope, version) == 0 &&
-    offsetof(Envelope, len) == 4 && offsetof(Envelope, prop) == 8 &&
-    offsetof(Envelope, payload) == 16;
+constexpr bool kEnvelopeIsPinned = sizeof(Envelope) == Envelope::kVersion &&
+                                   alignof(Envelope) == 8 && offsetof(Envelope, version) == 0 &&
+                                   offsetof(Envelope, len) == 4 && offsetof(Envelope, prop) == 8 &&
+                                   offsetof(Envelope, payload) == 16;
 
 }  // namespace zeltarn::layout
 

@@ -1,11 +1,11 @@
 // One definition, two types.
 //
-// Most boundary records travel twice: from one of the run-time libraries to
-// the plug-in (namespace tarn) and from the plug-in to the host (namespace
-// velaricolor), with the same layout both times. Each is written once, as a
-// template over its side, so that the two can't drift apart, and still gives
-// two distinct types, so that handing the one where the other belongs does not
-// compile.
+// Most boundary records cross both boundaries, in either direction: between the
+// host and the plug-in (namespace velaricolor) and between the plug-in and one of
+// the run-time libraries (namespace tarn), with the same layout on both sides.
+// Each is written once, as a template over its side, so that the two can't drift
+// apart, and still gives two distinct types, so that handing the one where the
+// other belongs does not compile.
 //
 // Layouts are those of the platform's standard library on a 64-bit machine:
 // 8-byte pointers, 24-byte strings and vectors, 16-byte shared pointers.
@@ -34,10 +34,13 @@ struct LibrarySide;
   using Record = ::zeltarn::layout::Record<LibrarySide>; \
   }
 
-// Pin the size of a record, and the place of a field, on both sides.
+// Pin the size and alignment of a record, and the place of a field, on both sides.
 #define ZEL_PIN_SIZE(Record, bytes)                                                        \
   static_assert(sizeof(velaricolor::Record) == (bytes) && sizeof(tarn::Record) == (bytes), \
                 #Record " changed its size")
+#define ZEL_PIN_ALIGNMENT(Record, bytes)                                                     \
+  static_assert(alignof(velaricolor::Record) == (bytes) && alignof(tarn::Record) == (bytes), \
+                #Record " changed its alignment")
 #define ZEL_PIN_FIELD(Record, field, offset)                        \
   static_assert(offsetof(velaricolor::Record, field) == (offset) && \
                     offsetof(tarn::Record, field) == (offset),      \

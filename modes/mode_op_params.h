@@ -48,6 +48,7 @@ struct HwConfigOutputParams {
 
 ZEL_DECLARE_SIDES(ModeRenderInputParams)
 ZEL_PIN_SIZE(ModeRenderInputParams, tarn::ModeRenderInputParams::kVersion);
+ZEL_PIN_ALIGNMENT(ModeRenderInputParams, 8);
 ZEL_PIN_FIELD(ModeRenderInputParams, version, 0);
 ZEL_PIN_FIELD(ModeRenderInputParams, hw_assets, 8);
 ZEL_PIN_FIELD(ModeRenderInputParams, mode, 32);
@@ -57,5 +58,6 @@ ZEL_PIN_FIELD(ModeRenderInputParams, aux_word, 2904);
 
 ZEL_DECLARE_SIDES(HwConfigOutputParams)
 ZEL_PIN_SIZE(HwConfigOutputParams, tarn::HwConfigOutputParams::kVersion);
+ZEL_PIN_ALIGNMENT(HwConfigOutputParams, 8);
 ZEL_PIN_FIELD(HwConfigOutputParams, version, 0);
 ZEL_PIN_FIELD(HwConfigOutputParams, payloads, 8);

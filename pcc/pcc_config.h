@@ -36,8 +36,9 @@ static_assert(offsetof(pcc_coeff_data, b) == 184);
 
 namespace zeltarn::layout {
 
-// Also the record of kVcLtmPccConfig, where `enable` says whether the
-// local-tone-mapping (LTM) matrix is applied and `version` is not looked at.
+// Also the record of kVcLtmPccConfig, where `enable` (any byte but 0 is true) says
+// whether the local-tone-mapping (LTM) matrix is applied and `version` is not
+// looked at.
 template <typename Side>
 struct PccPostBlendConfig {
   static constexpr uint32_t kVersion = 280;
@@ -52,6 +53,7 @@ struct PccPostBlendConfig {
 
 ZEL_DECLARE_SIDES(PccPostBlendConfig)
 ZEL_PIN_SIZE(PccPostBlendConfig, tarn::PccPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(PccPostBlendConfig, 8);
 ZEL_PIN_FIELD(PccPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PccPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PccPostBlendConfig, coeffs, 8);
