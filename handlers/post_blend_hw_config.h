@@ -16,7 +16,8 @@ namespace zeltarn::layout {
 // offset 0, the flag at 24, the pair at 32.
 using HwAttribute = std::tuple<std::string, bool, std::pair<long, long>>;
 using HwAttributes = std::vector<HwAttribute>;
-static_assert(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8);
+ZEL_PIN(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8,
+        "HwAttribute changed");
 
 // Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
 // `version` is not looked at; towards the parser it is the version of the

@@ -28,7 +28,7 @@ struct pcc_coeff_data {
   zeltarn::PccRow g;
   zeltarn::PccRow b;
 };
-static_assert(sizeof(pcc_coeff_data) == 272 && alignof(pcc_coeff_data) == 8);
+ZEL_PIN(sizeof(pcc_coeff_data) == 272 && alignof(pcc_coeff_data) == 8, "pcc_coeff_data changed");
 static_assert(offsetof(pcc_coeff_data, reserved) == 0);
 static_assert(offsetof(pcc_coeff_data, r) == 8);
 static_assert(offsetof(pcc_coeff_data, g) == 96);
