@@ -255,6 +255,17 @@ TEST_F(OutOfMemory, InAnAnswerLeavesEachEntryOldOrNew) {
   EXPECT_GT(kept, 0);
 }
 
+// A second copy would be for the parser.
+TEST_F(OutOfMemory, DimensionsAreCopiedOnceWhereThereIsNoParser) {
+  Parser().modes.clear();
+  Start();
+  const velaricolor::PostBlendHwConfig table = {.num_of_entries = 5,
+                                                .attributes = {{kLong, true, {1, 2}}}};
+  const auto set = [&] { return Set(velaricolor::kVcPostBlendGammaHwConfig, table); };
+  EXPECT_EQ(RunOut(set, 2), kThrew) << "the list, then its name";
+  EXPECT_EQ(RunOut(set, 3), kNeedsFewer);
+}
+
 TEST_F(OutOfMemory, InDeInitEndsItAllTheSame) {
   int nth = 1;
   do {
