@@ -1,5 +1,5 @@
-// A fuzzer's input, read from front to back. Behind its end all is 0, which
-// every reading takes for the ordinary case.
+// A fuzzer's input, read from front to back. After its end every byte is 0, which
+// all readings take for the ordinary case.
 #pragma once
 
 #include <algorithm>

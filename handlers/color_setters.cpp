@@ -45,7 +45,7 @@ int ZelTarnImpl::SetLtmPccConfig(const VcPayload& payload) {
     return RefuseLength<PccPostBlendConfig>(payload, __func__);
   }
   const auto& ltm = *RecordOf<const PccPostBlendConfig>(payload);
-  ltm_pcc_config_.enable = ltm.enable;
+  ltm_pcc_config_.enable = IsSet(ltm.enable);
   ltm_pcc_config_.coeffs = ltm.coeffs;
   ZEL_LOGI(2, "Set ltm PCC config enable %d", static_cast<int>(ltm_pcc_config_.enable));
   needs_update_ = true;

@@ -13,6 +13,16 @@ PostBlendHwConfig Dimensions(uint32_t version, const zeltarn::TableDimensions& t
           .attributes = {}};
 }
 
+// Neither the library's result nor what it throws can keep the object, or the other
+// library, from ending.
+void TellToDeInit(tarn::LibraryIntf* library) {
+  if (library == nullptr) return;
+  try {
+    library->DeInit();
+  } catch (...) {  // NOLINT(bugprone-empty-catch)
+  }
+}
+
 }  // namespace
 
 ZelTarnImpl::ZelTarnImpl()
@@ -47,11 +57,9 @@ ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }
 
 int ZelTarnImpl::DeInit() {
   const std::lock_guard lock(lock_);
-  if (mode_parser_intf_ != nullptr) mode_parser_intf_->DeInit();
-  if (algo_intf_ != nullptr) {
-    algo_intf_->DeInit();
-    algo_init_done_ = false;
-  }
+  TellToDeInit(mode_parser_intf_.get());
+  TellToDeInit(algo_intf_.get());
+  algo_init_done_ = false;
   init_done_ = false;
   return kOk;
 }

@@ -37,10 +37,13 @@ TEST_F(Attenuation, TakesTheBlockAsItStands) {
   Start();
   ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
   HwConfigOutputParams output;
-  output.payloads = {{.hw_block = "PostBlendPCC", .len = 3}};
+  const pcc_coeff_data untouched = {.reserved = {}, .r = {20, 1}, .g = {}, .b = {}};
+  const auto second = HostBlock(untouched, false);
+  output.payloads = {{.hw_block = "PostBlendPCC", .len = 3}, HostEntry(second)};
   ASSERT_EQ(Render(&output), 0);
   EXPECT_EQ(output.payloads[0].payload, nullptr);
   EXPECT_EQ(output.payloads[0].len, 3U);
+  EXPECT_EQ(BytesOf(second->coeffs), BytesOf(untouched));
 
   output.payloads.clear();
   ParserAnswers({.reserved = {}, .r = {20, 1}, .g = {}, .b = {}}, true);
