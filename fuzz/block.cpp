@@ -88,7 +88,7 @@ bool Holds(const Record& found, const Content& content) {
   return true;
 }
 
-bool SameRow(const PccRow& a, const PccRow& b) {
+bool SameRow(const zeltarn::PccRow& a, const zeltarn::PccRow& b) {
   return std::equal(a.begin(), a.end(), b.begin(), [](double x, double y) {
     return (x != x && y != y) || std::bit_cast<uint64_t>(x) == std::bit_cast<uint64_t>(y);
   });

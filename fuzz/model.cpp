@@ -54,8 +54,8 @@ Block* Find(const std::string& name, List* list) {
 // `active` first, then the 3x3 part of `transform`.
 pcc_coeff_data Product(const pcc_coeff_data& transform, const pcc_coeff_data& active) {
   pcc_coeff_data product = transform;
-  for (PccRow* row : {&product.r, &product.g, &product.b}) {
-    const PccRow t = *row;
+  for (zeltarn::PccRow* row : {&product.r, &product.g, &product.b}) {
+    const zeltarn::PccRow t = *row;
     for (size_t j = 0; j < 11; ++j) {
       (*row)[j] = (t[1] * active.r[j] + t[2] * active.g[j]) + t[3] * active.b[j];
     }
@@ -154,7 +154,7 @@ int Model::ProcessOps(uint32_t op, const VcPayload& in, const VcPayload* out, Li
   last_ltm_enable_ = ltm_.enable;
   if (Block* const pcc = Find("PostBlendPCC", list); pcc != nullptr && pcc->content != nullptr) {
     pcc_coeff_data& coeffs = pcc->content->coeffs;
-    for (PccRow* row : {&coeffs.r, &coeffs.g, &coeffs.b}) {
+    for (zeltarn::PccRow* row : {&coeffs.r, &coeffs.g, &coeffs.b}) {
       for (double& term : *row) term = term * dimming_;
     }
     pcc->content->enable = 1;

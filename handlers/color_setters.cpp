@@ -17,7 +17,7 @@ bool IsIdentity(const ColorTransformMatrix& transform) {
 
 // Row `row` of the matrix, stored column by column, as a PCC row. A PCC offset
 // is in units of 1/255.
-PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
+zeltarn::PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
   const auto element = [&](size_t column) -> double { return transform.matrix[column * 4 + row]; };
   return {element(3) * 255.0, element(0), element(1), element(2)};
 }

@@ -15,7 +15,7 @@ struct ZelTarnImpl::DimensionBlock {
   PostBlendHwConfig ZelTarnImpl::*config;
   uint32_t version;  // of the block's typed record, as the parser expects it
   tarn::ZelProperty parser_prop;
-  bool bounded;  // 1 to kMaxGammaEntries; else any count
+  bool bounded;  // 1 to zeltarn::kMaxGammaEntries; else any count
 };
 
 int ZelTarnImpl::SetPostBlendGamutConfig(const VcPayload& payload) {

@@ -16,7 +16,8 @@ namespace zeltarn::layout {
 // offset 0, the flag at 24, the pair at 32.
 using HwAttribute = std::tuple<std::string, bool, std::pair<long, long>>;
 using HwAttributes = std::vector<HwAttribute>;
-static_assert(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8);
+ZEL_PIN(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8,
+        "HwAttribute changed");
 
 // Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
 // `version` is not looked at; towards the parser it is the version of the
@@ -32,6 +33,8 @@ struct PostBlendHwConfig {
 
 }  // namespace zeltarn::layout
 
+namespace zeltarn {
+
 // The longest table that the gamma and inverse-gamma blocks take.
 inline constexpr uint32_t kMaxGammaEntries = 1024;
 
@@ -43,6 +46,8 @@ struct TableDimensions {
 inline constexpr TableDimensions kDefaultInverseGamma = {257, 12};
 inline constexpr TableDimensions kDefaultGamma = {1024, 10};
 inline constexpr TableDimensions kDefaultGamut = {17, 12};
+
+}  // namespace zeltarn
 
 ZEL_DECLARE_SIDES(PostBlendHwConfig)
 ZEL_PIN_SIZE(PostBlendHwConfig, 40);

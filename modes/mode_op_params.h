@@ -26,7 +26,7 @@ struct ModeRenderInputParams {
   std::vector<std::string> hw_assets;
   // Blank until filled. The host's label never reaches the parser: there it
   // stays empty.
-  ColorMode<Side> mode = {.gamut = 0, .gamma = 0, .intent = 0, .hw_assets = {}, .label = {}};
+  ColorMode<Side> mode = {0, 0, 0, 0, {}, {}};
   uint8_t aux_enable = 0;
   std::array<uint8_t, 3> padding1 = {};
   alignas(4) std::array<uint8_t, kAuxDataBytes> aux_data;

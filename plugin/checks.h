@@ -31,7 +31,7 @@ template <typename T>
 
 // The test of a gamma or inverse-gamma table's length.
 inline int CheckGammaEntries(uint32_t num_of_entries, const char* function) {
-  if (num_of_entries >= 1 && num_of_entries <= kMaxGammaEntries) return kOk;
+  if (num_of_entries >= 1 && num_of_entries <= zeltarn::kMaxGammaEntries) return kOk;
   ZEL_LOGE_AS(function, "Invalid of num_of_entries %d", static_cast<int>(num_of_entries));
   return kErrInvalid;
 }

@@ -6,7 +6,7 @@ namespace velaricolor {
 
 namespace {
 
-PostBlendHwConfig Dimensions(uint32_t version, const TableDimensions& table) {
+PostBlendHwConfig Dimensions(uint32_t version, const zeltarn::TableDimensions& table) {
   return {.version = version,
           .num_of_entries = table.num_of_entries,
           .bit_depth = table.bit_depth,
@@ -48,9 +48,9 @@ ZelTarnImpl::ZelTarnImpl()
           {kVcModeSwAssets, &ZelTarnImpl::ProcessModeSwAssets},
       },
       hw_config_converters_(MakeConverterTable()),
-      inverse_gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultInverseGamma)),
-      gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultGamma)),
-      gamut_hw_config_(Dimensions(GamutPostBlendConfig::kVersion, kDefaultGamut)) {}
+      inverse_gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, zeltarn::kDefaultInverseGamma)),
+      gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, zeltarn::kDefaultGamma)),
+      gamut_hw_config_(Dimensions(GamutPostBlendConfig::kVersion, zeltarn::kDefaultGamut)) {}
 
 // An object's code lives in its library, which the handles close only later.
 ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }

@@ -18,7 +18,7 @@ pcc_coeff_data Random(uint8_t seed, const std::array<double, 3>& offsets = {}) {
   std::uniform_real_distribution<double> number(-2, 2);
   pcc_coeff_data pcc;
   pcc.reserved.fill(seed);
-  for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+  for (zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
     for (double& term : *row) term = number(engine);
   }
   pcc.r[0] = offsets[0];
@@ -29,9 +29,9 @@ pcc_coeff_data Random(uint8_t seed, const std::array<double, 3>& offsets = {}) {
 
 pcc_coeff_data Product(const pcc_coeff_data& trans, const pcc_coeff_data& active) {
   pcc_coeff_data product = trans;
-  for (PccRow* row : {&product.r, &product.g, &product.b}) {
-    const PccRow t = *row;
-    for (size_t j = 0; j < kPccTerms; ++j) {
+  for (zeltarn::PccRow* row : {&product.r, &product.g, &product.b}) {
+    const zeltarn::PccRow t = *row;
+    for (size_t j = 0; j < zeltarn::kPccTerms; ++j) {
       (*row)[j] = (t[1] * active.r[j] + t[2] * active.g[j]) + t[3] * active.b[j];
     }
   }
@@ -165,7 +165,7 @@ TEST_F(Composition, FollowsTheOrderTransformLtmDimming) {
         if (c.enabled) merges.push_back({.trans = transform_pcc, .active = active});
         merges.push_back({.trans = ltm, .active = c.enabled ? Random(3) : transform_pcc});
         expected.coeffs = Random(c.enabled ? 4 : 3);
-        for (PccRow* row : {&expected.coeffs.r, &expected.coeffs.g, &expected.coeffs.b}) {
+        for (zeltarn::PccRow* row : {&expected.coeffs.r, &expected.coeffs.g, &expected.coeffs.b}) {
           for (double& term : *row) term *= 0.5;
         }
       }
@@ -281,7 +281,7 @@ TEST_F(Composition, RunsOnWhateverAFailedModeBrought) {
     HwConfigOutputParams output;
     ASSERT_EQ(Render(&output), 0);
     pcc_coeff_data expected = c.undimmed;
-    for (PccRow* row : {&expected.r, &expected.g, &expected.b}) {
+    for (zeltarn::PccRow* row : {&expected.r, &expected.g, &expected.b}) {
       for (double& term : *row) term *= 0.5;
     }
     EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(expected));

@@ -22,7 +22,8 @@ Mat3 TargetToPanel(const Panel& panel, const Target& target) {
 
 // The three channels' tables hold the codes of `curve` along `axis`.
 template <typename Curve>
-std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis, const TableDimensions& size,
+std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis,
+                                                 const zeltarn::TableDimensions& size,
                                                  Curve curve) {
   auto record = std::make_shared<GammaPostBlendConfig>(size.num_of_entries);
   record->enable = true;
@@ -78,7 +79,8 @@ class GamutMapper {
 
 }  // namespace
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
+HwConfigPayload GamutBlock(const Panel& panel, const Target& target,
+                           const zeltarn::TableDimensions& size) {
   const GamutMapper map(panel, target);
   auto lut = std::make_unique<GamutLut>();
   lut->bit_depth = size.bit_depth;
@@ -100,14 +102,15 @@ HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const Table
   return MakeBlock(velaricolor::kPostBlendGamut, std::move(record));
 }
 
-HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
+HwConfigPayload IgcBlock(const Panel& panel, const Target& target,
+                         const zeltarn::TableDimensions& size) {
   const auto curve = [&](double signal) {
     return ToLight(target.transfer, panel.luminance, signal);
   };
   return MakeBlock(velaricolor::kPostBlendIGC, GammaTable(GammaAxis::kIgc, size, curve));
 }
 
-HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size) {
+HwConfigPayload GcBlock(const Panel& panel, const zeltarn::TableDimensions& size) {
   const auto curve = [&](double light) { return ToSignal(panel.transfer, light); };
   return MakeBlock(velaricolor::kPostBlendGC, GammaTable(GammaAxis::kGc, size, curve));
 }
@@ -116,7 +119,7 @@ HwConfigPayload PccBlock(const Panel& panel, const Target& target) {
   const Mat3 matrix = TargetToPanel(panel, target);
   auto record = std::make_shared<PccPostBlendConfig>();
   record->enable = true;
-  const auto place = [](const Vec3& row, PccRow* terms) {
+  const auto place = [](const Vec3& row, zeltarn::PccRow* terms) {
     std::copy(row.begin(), row.end(), terms->begin() + 1);
   };
   place(matrix[0], &record->coeffs.r);

@@ -31,16 +31,16 @@ struct Table {
   uint32_t version;  // of its PostBlendHwConfig
   uint32_t min_entries;
   uint32_t max_entries;
-  TableDimensions Dimensions::*size;
+  zeltarn::TableDimensions Dimensions::*size;
 };
 
 const Table* FindTable(uint32_t prop) {
   static constexpr Table kGamut = {"gamut", GamutPostBlendConfig::kVersion, kGamutSide, kGamutSide,
                                    &Dimensions::gamut};
   static constexpr Table kGc = {"gamma", GammaPostBlendConfig::kVersion, kMinGammaEntries,
-                                kMaxGammaEntries, &Dimensions::gc};
+                                zeltarn::kMaxGammaEntries, &Dimensions::gc};
   static constexpr Table kIgc = {"inverse gamma", GammaPostBlendConfig::kVersion, kMinGammaEntries,
-                                 kMaxGammaEntries, &Dimensions::igc};
+                                 zeltarn::kMaxGammaEntries, &Dimensions::igc};
   switch (prop) {
     case kZelPostBlendGamutHwConfig:
       return &kGamut;
@@ -81,7 +81,7 @@ int ModeParser::SetProperty(const TarnPayload& payload) {
   if (table == nullptr) return Refuse("no property " + std::to_string(payload.prop) + " to set");
   const auto* config = RecordOf<PostBlendHwConfig>(&payload, kTag, table->version);
   if (config == nullptr) return kErrInvalid;
-  const TableDimensions size = {config->num_of_entries, config->bit_depth};
+  const zeltarn::TableDimensions size = {config->num_of_entries, config->bit_depth};
   if (size.num_of_entries < table->min_entries || size.num_of_entries > table->max_entries) {
     return Refuse(
         OutOfRange(*table, "entries", size.num_of_entries, table->min_entries, table->max_entries));
