@@ -129,7 +129,7 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
 TEST_P(ModeOp, RequestOutlivesTheAnswer) {
   Start();
   tarn::PaDitherPostBlendConfig borrowed = {.enable = true, .words = {}};
-  borrowed.words.back() = 0x12345678;
+  borrowed.words.fill(0x12345678);
   auto request = ModeRenderInputParams();
   request.hw_assets = {std::string(reinterpret_cast<const char*>(&borrowed), sizeof borrowed)};
   Parser().during_call = [] {
@@ -144,7 +144,7 @@ TEST_P(ModeOp, RequestOutlivesTheAnswer) {
   const auto* const record =
       RecordNamed<velaricolor::PaDitherPostBlendConfig>(output, "PostBlendPaDither");
   EXPECT_TRUE(record->enable);
-  EXPECT_EQ(record->words.back(), 0x12345678U);
+  EXPECT_EQ(record->words, borrowed.words);  // freed memory is used at its beginning
 }
 
 TEST_P(ModeOp, DropsTheAnswerAtTheEndOfTheCall) {
