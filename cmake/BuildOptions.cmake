@@ -63,7 +63,9 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
 endif()
 target_link_options(zel_options INTERFACE -Wl,-z,relro,-z,now -Wl,-z,noexecstack)
 if(NOT ZELTARN_SANITIZER)
-  target_compile_options(zel_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  set(zel_optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  target_compile_options(zel_options INTERFACE
+    $<${zel_optimised}:-U_FORTIFY_SOURCE> $<${zel_optimised}:-D_FORTIFY_SOURCE=2>)
   target_link_options(zel_options INTERFACE -Wl,-z,defs)
 endif()
 
