@@ -31,7 +31,6 @@ endif()
 # Libraries look beside themselves, programs in the lib folder; RUNPATH rather
 # than RPATH, so that LD_LIBRARY_PATH still wins.
 set(CMAKE_BUILD_RPATH_USE_ORIGIN ON)
-set(CMAKE_INSTALL_RPATH $ORIGIN)
 
 # Also for what is built from Debian's sources (GoogleTest).
 add_compile_options(-stdlib=libc++)

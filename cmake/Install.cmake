@@ -5,6 +5,15 @@
 # Everything finds everything else from where it stands, so that a prefix can be moved.
 include(CMakePackageConfigHelpers)
 
+# Built as they are installed: a path that is rewritten on the way would end in an empty
+# part, which is the current folder.
+function(zel_looks_beside_itself TARGET)
+  set_target_properties(${TARGET} PROPERTIES INSTALL_RPATH $ORIGIN BUILD_WITH_INSTALL_RPATH ON)
+endfunction()
+
+if(NOT ANDROID)
+  zel_looks_beside_itself(zeltarn)
+endif()
 install(TARGETS zeltarn
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT plugin)
 
@@ -32,7 +41,11 @@ install(FILES README.md CHANGELOG.md LICENSE
   DESTINATION ${CMAKE_INSTALL_DOCDIR} COMPONENT development)
 
 if(ZELTARN_DEVKIT)
-  install(TARGETS zel_log zel_cutils tarn-json-mode-parser tarn-algo
+  set(zel_devkit_libraries zel_log zel_cutils tarn-json-mode-parser tarn-algo)
+  foreach(library IN LISTS zel_devkit_libraries)
+    zel_looks_beside_itself(${library})
+  endforeach()
+  install(TARGETS ${zel_devkit_libraries}
     LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT devkit)
   install(TARGETS zelctl RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT devkit)
   install(DIRECTORY devkit/panels

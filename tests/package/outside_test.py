@@ -106,7 +106,8 @@ class Outside(unittest.TestCase):
             contents = file.read_bytes()
             if contents.startswith(b"\x7fELF"):
                 dynamic = self.call("llvm-readelf", "-d", file)
-                self.assertEqual(re.findall(r"R(?:UN)?PATH.*\[(.*)\]", dynamic), ["$ORIGIN"], file)
+                paths = re.findall(r"R(?:UN)?PATH.*\[(.*)\]", dynamic)
+                self.assertEqual(paths, ["$ORIGIN"] if file.suffix == ".so" else [], file)
                 stripped = self.work / "stripped"  # debug information names the sources
                 self.call("llvm-strip", "-g", file, "-o", stripped)
                 contents = stripped.read_bytes()
@@ -142,14 +143,14 @@ class Outside(unittest.TestCase):
         """Outside namespaces, and among macros, there is nothing but the contract."""
         own = "".join(f'#include "{name}"\n' for name in UMBRELLAS)
         text = "".join((self.headers / name).read_text() for name in files_in(self.headers))
-        standard = "\n".join(set(re.findall(r"#include <.*>", text))) + "\n"
+        standard = "\n".join(sorted(set(re.findall(r"#include <.*>", text)))) + "\n"
 
         def new(pattern, *options):
             with_own, without = (set(re.findall(pattern, self.compile(code, *LIBCXX, *options), re.M))
                                  for code in (own, standard))
             return with_own - without
 
-        names = new(r"^[|`]-(?!StaticAssert).*?(\w+)(?: definition)?$", "-fsyntax-only",
+        names = new(r"^[|`]-(?!StaticAssert).*?\b([^_\W]\w*)(?: definition)?$", "-fsyntax-only",
                     "-fno-color-diagnostics", "-Xclang", "-ast-dump")
         self.assertEqual(names, {"velaricolor", "tarn", "zeltarn", "pcc_coeff_data"})
         macros = new(r"^#define (\w+)", "-dM", "-E")
