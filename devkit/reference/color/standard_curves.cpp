@@ -52,4 +52,17 @@ double HlgToLuminance(double signal, const Luminance& display) {
   return display.peak * std::pow(scene, gamma);
 }
 
+Vec3 HlgColor(const Vec3& components, double peak, const Vec3& weights) {
+  const double gamma = HlgSystemGamma(peak);
+  Vec3 scene;
+  double luminance = 0;
+  for (size_t i = 0; i < 3; ++i) {
+    scene[i] = std::pow(components[i] / peak, 1 / gamma);
+    luminance += weights[i] * scene[i];
+  }
+  if (luminance <= 0) return {0, 0, 0};
+  const double factor = peak * std::pow(luminance, gamma - 1);
+  return {factor * scene[0], factor * scene[1], factor * scene[2]};
+}
+
 }  // namespace tarn::color

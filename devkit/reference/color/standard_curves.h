@@ -1,6 +1,8 @@
 // Transfer functions of the standards, from the signal (0 to 1) to light.
 #pragma once
 
+#include "devkit/reference/color/matrix.h"
+
 namespace tarn::color {
 
 // What a display emits, in cd/m2.
@@ -26,7 +28,13 @@ double HlgToScene(double signal);
 double HlgSystemGamma(double peak);
 
 // ITU-R BT.2100, table 5, EOTF of HLG with the display's black, to cd/m2. The
-// OOTF is applied to one component alone, which is exact for neutral colours.
+// OOTF is applied to one component alone, which is exact for neutral colours;
+// HlgColor makes it exact for the others.
 double HlgToLuminance(double signal, const Luminance& display);
+
+// The three components of a colour, each from HlgToLuminance, with the OOTF of
+// BT.2100, table 5, on the luminance of the colour instead, in cd/m2.
+// `weights` are the luminances of red, green and blue in white.
+Vec3 HlgColor(const Vec3& components, double peak, const Vec3& weights);
 
 }  // namespace tarn::color

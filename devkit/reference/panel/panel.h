@@ -17,8 +17,9 @@ namespace tarn::reference {
 using Blocks = std::vector<HwConfigPayload>;
 
 enum class GamutMapping {
-  kNone,        // what the panel can't show is clipped behind the PCC block
+  kNone,        // what the panel can't show is clipped after the PCC block
   kDesaturate,  // it is drawn towards the grey of its own luminance
+  kNearest,     // it becomes the nearest colour that the panel has
 };
 
 // How content of a mode is to be understood.

@@ -188,7 +188,9 @@ Target ReadTarget(const JsonValue& value, const Panel& panel) {
   target.adaptation = in.Bool("adaptation", true);
   if (const auto mapping = in.Find("gamut_mapping")) {
     target.gamut_mapping = Named<GamutMapping>(
-        *mapping, {{"none", GamutMapping::kNone}, {"desaturate", GamutMapping::kDesaturate}});
+        *mapping, {{"none", GamutMapping::kNone},
+                   {"desaturate", GamutMapping::kDesaturate},
+                   {"nearest", GamutMapping::kNearest}});
   }
   in.Finish();
   return target;

@@ -13,7 +13,6 @@ struct Dimensions {
   TableDimensions gamut = kDefaultGamut;
 };
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size);
 HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size);
 HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size);
 HwConfigPayload PccBlock(const Panel& panel, const Target& target);

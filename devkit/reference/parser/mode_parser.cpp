@@ -8,6 +8,7 @@
 #include "devkit/reference/gamut_lut.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
+#include "devkit/reference/parser/gamut_table.h"
 #include "handlers/post_blend_hw_config.h"
 #include "interface/result_codes.h"
 
