@@ -48,7 +48,7 @@ ComposeError ComposeRow(const PccRow& trans, const Monomials& monomials, PccRow*
   }
   *result = {};
   for (const auto& [exponents, coefficient] : sum) {
-    if (!coefficient.IsExact()) return ComposeError::kOutOfRange;
+    if (!coefficient.IsExact() || !std::isfinite(coefficient.Value())) return ComposeError::kOutOfRange;
     if (coefficient.IsZero()) continue;
     const auto* term = std::find(kPccExponents.begin(), kPccExponents.end(), exponents);
     if (term == kPccExponents.end()) return ComposeError::kNotRepresentable;
