@@ -20,6 +20,7 @@ enum class GamutMapping {
   kNone,        // what the panel can't show is clipped after the PCC block
   kDesaturate,  // it is drawn towards the grey of its own luminance
   kNearest,     // it becomes the nearest colour that the panel has
+  kCompress,    // it is drawn in along its hue, with what lies near the boundary
 };
 
 // How content of a mode is to be understood.

@@ -190,7 +190,8 @@ Target ReadTarget(const JsonValue& value, const Panel& panel) {
     target.gamut_mapping = Named<GamutMapping>(
         *mapping, {{"none", GamutMapping::kNone},
                    {"desaturate", GamutMapping::kDesaturate},
-                   {"nearest", GamutMapping::kNearest}});
+                   {"nearest", GamutMapping::kNearest},
+                   {"compress", GamutMapping::kCompress}});
   }
   in.Finish();
   return target;

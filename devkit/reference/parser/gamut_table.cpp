@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "convert/gamut_gamma_config.h"
+#include "devkit/reference/color/compressed_color.h"
 #include "devkit/reference/color/nearest_color.h"
 #include "devkit/reference/gamma_lut.h"
 #include "devkit/reference/gamut_lut.h"
@@ -32,6 +33,11 @@ Vec3 Desaturate(const Vec3& color, const Vec3& luminance_weights) {
   return drawn;
 }
 
+Vec3 Clipped(Vec3 light) {
+  for (double& component : light) component = std::clamp(component, 0.0, 1.0);
+  return light;
+}
+
 // Maps linear light of the target to light of the target that the panel has.
 class GamutMapper {
  public:
@@ -40,18 +46,16 @@ class GamutMapper {
         target_(target),
         to_panel_(TargetToPanel(panel, target)),
         from_panel_(Inverse(to_panel_)),
-        space_(panel.primaries) {}
+        space_(panel.primaries),
+        compress_(space_, from_panel_.matrix) {}
 
   Vec3 operator()(Vec3 light) const {
     if (target_.transfer.curve == color::Curve::kHlg) light = WithSystemGamma(light);
+    if (target_.gamut_mapping == GamutMapping::kNone) return Clipped(light);
     const Vec3 on_panel = to_panel_(light);
-    const bool fits = std::all_of(on_panel.begin(), on_panel.end(),
-                                  [](double c) { return c >= 0 && c <= 1; });
-    if (!fits && target_.gamut_mapping != GamutMapping::kNone) {
-      light = from_panel_(KeepExcess(on_panel, Mapped(on_panel)));
-    }
-    for (double& component : light) component = std::clamp(component, 0.0, 1.0);
-    return light;
+    const Vec3 mapped = Mapped(on_panel);
+    if (mapped == on_panel) return light;
+    return Clipped(from_panel_(KeepExcess(on_panel, mapped)));
   }
 
  private:
@@ -65,10 +69,12 @@ class GamutMapper {
   }
 
   Vec3 Mapped(const Vec3& on_panel) const {
-    if (target_.gamut_mapping == GamutMapping::kDesaturate) {
-      return Desaturate(on_panel, LuminanceWeights(panel_.primaries));
+    if (target_.gamut_mapping == GamutMapping::kCompress) return compress_(on_panel);
+    if (Clipped(on_panel) == on_panel) return on_panel;
+    if (target_.gamut_mapping == GamutMapping::kNearest) {
+      return color::NearestColor(space_, on_panel);
     }
-    return color::NearestColor(space_, on_panel);
+    return Desaturate(on_panel, LuminanceWeights(panel_.primaries));
   }
 
   // Where the mapping ends at a bound that `color` lies beyond, clipping after
@@ -76,7 +82,7 @@ class GamutMapper {
   // the colours between it and the panel's own stay where they are.
   static Vec3 KeepExcess(const Vec3& color, Vec3 mapped) {
     for (size_t i = 0; i < 3; ++i) {
-      if (std::clamp(color[i], 0.0, 1.0) == mapped[i]) mapped[i] = color[i];
+      if (Clipped(color)[i] == mapped[i]) mapped[i] = color[i];
     }
     return mapped;
   }
@@ -86,6 +92,7 @@ class GamutMapper {
   LightConversion to_panel_;
   LightConversion from_panel_;
   color::OkLab space_;
+  color::Compressor compress_;
 };
 
 }  // namespace
