@@ -10,18 +10,12 @@ namespace tarn::color {
 namespace {
 
 constexpr double kKnee = 0.9;
-constexpr int kHalvings = 18;
+constexpr int kHalvings = 16;
 
 constexpr std::array<Vec3, 6> kCorners = {
     {{1, 0, 0}, {1, 1, 0}, {0, 1, 0}, {0, 1, 1}, {0, 0, 1}, {1, 0, 1}}};
 
 double HueOf(const Vec3& lab) { return std::atan2(lab[2], lab[1]); }
-
-// How far `to` is round from `from`, from 0 up to a full turn.
-double Turn(double from, double to) {
-  constexpr double kFull = 2 * std::numbers::pi;
-  return to - from - kFull * std::floor((to - from) / kFull);
-}
 
 bool InRange(const Vec3& light) {
   constexpr double kRounding = 1e-9;
@@ -48,25 +42,33 @@ double Last(double high, Predicate holds) {
 
 }  // namespace
 
+// Most colourful are the mixtures of two primaries, or of their mixtures, next to each other.
 Compressor::Compressor(const OkLab& space, const Mat3& content) : space_(space), content_(content) {
+  constexpr int kSteps = 32;
   for (size_t i = 0; i < kCorners.size(); ++i) {
-    corner_hues_[i] = HueOf(space_.FromLight(kCorners[i]));
+    const Vec3& next = kCorners[(i + 1) % kCorners.size()];
+    for (int step = 0; step < kSteps; ++step) {
+      const double share = static_cast<double>(step) / kSteps;
+      const Vec3 lab = space_.FromLight(Between(kCorners[i], next, share));
+      cusps_.push_back({HueOf(lab), lab[0]});
+    }
   }
+  std::sort(cusps_.begin(), cusps_.end(),
+            [](const Cusp& a, const Cusp& b) { return a.hue < b.hue; });
+  constexpr double kTurn = 2 * std::numbers::pi;
+  const Cusp first = cusps_.front();
+  const Cusp last = cusps_.back();
+  cusps_.insert(cusps_.begin(), {last.hue - kTurn, last.lightness});
+  cusps_.push_back({first.hue + kTurn, first.lightness});
 }
 
-// It lies on one of the six edges between the primaries and their mixtures.
 double Compressor::CuspLightness(double hue) const {
-  size_t edge = 0;
-  for (size_t i = 1; i < corner_hues_.size(); ++i) {
-    if (Turn(corner_hues_[i], hue) < Turn(corner_hues_[edge], hue)) edge = i;
-  }
-  const Vec3& from = kCorners[edge];
-  const Vec3& to = kCorners[(edge + 1) % kCorners.size()];
-  const double share = Last(1, [&](double s) {
-    const double here = HueOf(space_.FromLight(Between(from, to, s)));
-    return Turn(corner_hues_[edge], here) <= Turn(corner_hues_[edge], hue);
-  });
-  return space_.FromLight(Between(from, to, share))[0];
+  const auto after = std::upper_bound(cusps_.begin() + 1, cusps_.end() - 1, hue,
+                                      [](double h, const Cusp& cusp) { return h < cusp.hue; });
+  const Cusp& low = *(after - 1);
+  const double width = after->hue - low.hue;
+  const double share = width > 0 ? (hue - low.hue) / width : 0;
+  return std::lerp(low.lightness, after->lightness, share);
 }
 
 Vec3 Compressor::operator()(const Vec3& light) const {
@@ -76,10 +78,10 @@ Vec3 Compressor::operator()(const Vec3& light) const {
   const Vec3 grey = {CuspLightness(HueOf(lab)), 0, 0};
   // Distances from the grey, in that of the colour itself.
   const auto at = [&](double distance) { return space_.ToLight(Between(grey, lab, distance)); };
-  constexpr double kFarthest = 16;
-  const double panel = Last(kFarthest, [&](double d) { return InRange(at(d)); });
+  if (InRange(at(1 / kKnee))) return light;
+  const double panel = Last(1 / kKnee, [&](double d) { return InRange(at(d)); });
   const double knee = kKnee * panel;
-  if (knee >= 1) return light;
+  constexpr double kFarthest = 16;
   const double content =
       Last(kFarthest, [&](double d) { return InRange(Multiply(content_, at(d))); });
   if (content <= panel) return light;

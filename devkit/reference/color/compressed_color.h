@@ -2,7 +2,7 @@
 // being lost.
 #pragma once
 
-#include <array>
+#include <vector>
 
 #include "devkit/reference/color/oklab.h"
 
@@ -24,12 +24,17 @@ class Compressor {
   Vec3 operator()(const Vec3& light) const;
 
  private:
-  // L of the most colourful light of a hue in radians.
+  // The most colourful light of a hue.
+  struct Cusp {
+    double hue;  // in radians
+    double lightness;
+  };
+
   double CuspLightness(double hue) const;
 
   OkLab space_;
   Mat3 content_;
-  std::array<double, 6> corner_hues_;  // of red, yellow, green, cyan, blue and magenta
+  std::vector<Cusp> cusps_;  // by hue, from half a turn below 0 to half a turn above
 };
 
 }  // namespace tarn::color
