@@ -44,7 +44,8 @@ target_compile_options(zel_options INTERFACE
   -Wall -Wextra -Werror -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wformat=2 -Wnull-dereference
   -Wimplicit-fallthrough -Wextra-semi -Wundef -Wvla
-  # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere.
+  # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere,
+  # but for the bits of a NaN.
   -ffp-contract=off
   -fstack-protector-strong
   # What a call costs must not hang on where the linker happens to put it.

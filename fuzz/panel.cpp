@@ -36,7 +36,7 @@ void RequireAnswer(tarn::ModeParserIntf* parser, const tarn::ColorMode& mode) {
   Require(RecordAt<tarn::GammaPostBlendConfig>(answer, 1).c2.size() == 257, "IGC table");
   Require(RecordAt<tarn::GammaPostBlendConfig>(answer, 2).c2.size() == 1024, "GC table");
   const pcc_coeff_data& pcc = RecordAt<tarn::PccPostBlendConfig>(answer, 3).coeffs;
-  for (const PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+  for (const zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
     for (const double term : *row) Require(std::isfinite(term), "PCC matrix");
   }
 }

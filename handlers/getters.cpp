@@ -41,7 +41,9 @@ int ZelTarnImpl::GetSupportHwAssets(VcPayload* payload) {
              static_cast<ssize_t>(sizeof(Names)));
     return kErrInvalid;
   }
-  RecordOf<Names>(*payload)->assign({kPostBlendGamut, kPostBlendIGC, kPostBlendGC});
+  auto* const names = RecordOf<Names>(*payload);
+  names->clear();  // releases the host's strings, where assigning would keep their room
+  names->assign({kPostBlendGamut, kPostBlendIGC, kPostBlendGC});
   return kOk;
 }
 

@@ -108,8 +108,8 @@ void HostSession::Process(velaricolor::VcOps op, const velaricolor::ColorMode& m
                           velaricolor::HwConfigOutputParams* out) {
   velaricolor::ModeRenderInputParams request = {
       .hw_assets = mode.hw_assets, .mode = mode, .aux_data = {}};
-  const auto in = zeltarn::layout::Wrap<velaricolor::HostSide>(&request, 0);
-  auto result = zeltarn::layout::Wrap<velaricolor::HostSide>(out, 0);
+  const auto in = velaricolor::Wrap(&request);
+  auto result = velaricolor::Wrap(out);
   Check("ProcessOps(" + std::string(Name(op)) + ")", plugin_->ProcessOps(op, in, &result));
 }
 

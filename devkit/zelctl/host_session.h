@@ -54,7 +54,7 @@ class HostSession {
 
   template <typename T>
   static velaricolor::VcPayload Envelope(velaricolor::VcProperty property, T* record) {
-    return zeltarn::layout::Wrap<velaricolor::HostSide>(record, static_cast<uint32_t>(property));
+    return velaricolor::Wrap(record, property);
   }
   void SetPayload(velaricolor::VcProperty property, const velaricolor::VcPayload& payload);
   void GetPayload(velaricolor::VcProperty property, velaricolor::VcPayload* payload);

@@ -24,8 +24,7 @@ bool InRange(const Vec3& light) {
 }
 
 Vec3 Between(const Vec3& a, const Vec3& b, double share) {
-  return {std::lerp(a[0], b[0], share), std::lerp(a[1], b[1], share),
-          std::lerp(a[2], b[2], share)};
+  return {std::lerp(a[0], b[0], share), std::lerp(a[1], b[1], share), std::lerp(a[2], b[2], share)};
 }
 
 // The largest number up to `high` that `holds`, which does up to some number.
@@ -86,8 +85,8 @@ Vec3 Compressor::operator()(const Vec3& light) const {
       Last(kFarthest, [&](double d) { return InRange(Multiply(content_, at(d))); });
   if (content <= panel) return light;
   const Vec3 end = space_.FromLight(NearestColor(space_, at(content)));
-  Vec3 result = space_.ToLight(
-      Between(Between(grey, lab, knee), end, (1 - knee) / (content - knee)));
+  Vec3 result =
+      space_.ToLight(Between(Between(grey, lab, knee), end, (1 - knee) / (content - knee)));
   for (double& component : result) component = std::clamp(component, 0.0, 1.0);
   return result;
 }

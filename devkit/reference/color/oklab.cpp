@@ -16,8 +16,8 @@ constexpr Mat3 kRootsToLab = {{{0.2104542553, 0.7936177850, -0.0040720468},
 }  // namespace
 
 OkLab::OkLab(const Primaries& device)
-    : to_lms_(Multiply(kXyzToLms,
-                       Multiply(BradfordAdaptation(device.white, kD65), RgbToXyz(device)))),
+    : to_lms_(
+          Multiply(kXyzToLms, Multiply(BradfordAdaptation(device.white, kD65), RgbToXyz(device)))),
       from_lms_(Inverse(to_lms_)) {}
 
 Vec3 OkLab::FromLight(const Vec3& light) const {

@@ -21,6 +21,15 @@ double Bt1886ToLuminance(double signal, const Luminance& display);
 // SMPTE ST 2084 (PQ), section 5, to cd/m2 from 0 to 10000.
 double PqToLuminance(double signal);
 
+// Its inverse, from cd/m2.
+double PqToSignal(double luminance);
+
+// ITU-R BT.2390, section 5.4.1, EETF: a signal of PQ, for a display of the range
+// `content`, to the cd/m2 of a display of the range `display`. The top rolls off
+// towards its peak, the bottom is lifted to its black; what the content's own
+// range doesn't hold is clipped. Applied to each component alone.
+double PqRolledOff(double signal, const Luminance& content, const Luminance& display);
+
 // ITU-R BT.2100, table 5, inverse OETF of HLG: to scene light from 0 to 1.
 double HlgToScene(double signal);
 

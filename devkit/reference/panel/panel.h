@@ -45,6 +45,7 @@ struct Panel {
   uint32_t bit_depth = 0;
   Blocks dither;  // answer to kZelPbDitherHwConfig
   std::vector<Mode> modes;
+  std::vector<std::string> notes;  // what was done to measurements, a line each, with its place
 };
 
 }  // namespace tarn::reference

@@ -13,31 +13,37 @@
 namespace tarn::reference {
 namespace {
 
-// The three channels' tables hold the codes of `curve` along `axis`.
+// The channels' tables hold the codes of `curve`, of a channel and an input, along `axis`.
 template <typename Curve>
-std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis, const TableDimensions& size,
+std::shared_ptr<GammaPostBlendConfig> GammaTable(GammaAxis axis,
+                                                 const zeltarn::TableDimensions& size,
                                                  Curve curve) {
   auto record = std::make_shared<GammaPostBlendConfig>(size.num_of_entries);
   record->enable = true;
-  for (size_t i = 0; i < size.num_of_entries; ++i) {
-    record->c0.push_back(ToCode(curve(AxisInput(axis, i, size.num_of_entries)), size.bit_depth));
+  const std::array<std::vector<uint32_t>*, 3> tables = {&record->c0, &record->c1, &record->c2};
+  for (size_t channel = 0; channel < tables.size(); ++channel) {
+    for (size_t i = 0; i < size.num_of_entries; ++i) {
+      const double output = curve(channel, AxisInput(axis, i, size.num_of_entries));
+      tables[channel]->push_back(ToCode(output, size.bit_depth));
+    }
   }
-  record->c1 = record->c0;
-  record->c2 = record->c0;
   return record;
 }
 
 }  // namespace
 
-HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
-  const auto curve = [&](double signal) {
-    return ToLight(target.transfer, panel.luminance, signal);
+HwConfigPayload IgcBlock(const Panel& panel, const Target& target,
+                         const zeltarn::TableDimensions& size) {
+  const auto curve = [&](size_t channel, double signal) {
+    return ToLight(target.transfer, panel.luminance, channel, signal);
   };
   return MakeBlock(velaricolor::kPostBlendIGC, GammaTable(GammaAxis::kIgc, size, curve));
 }
 
-HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size) {
-  const auto curve = [&](double light) { return ToSignal(panel.transfer, light); };
+HwConfigPayload GcBlock(const Panel& panel, const zeltarn::TableDimensions& size) {
+  const auto curve = [&](size_t channel, double light) {
+    return ToSignal(panel.transfer, channel, light);
+  };
   return MakeBlock(velaricolor::kPostBlendGC, GammaTable(GammaAxis::kGc, size, curve));
 }
 
@@ -45,7 +51,8 @@ HwConfigPayload PccBlock(const Panel& panel, const Target& target) {
   const auto [matrix, offset] = TargetToPanel(panel, target);
   auto record = std::make_shared<PccPostBlendConfig>();
   record->enable = true;
-  const std::array<PccRow*, 3> rows = {&record->coeffs.r, &record->coeffs.g, &record->coeffs.b};
+  const std::array<zeltarn::PccRow*, 3> rows = {&record->coeffs.r, &record->coeffs.g,
+                                                &record->coeffs.b};
   for (size_t i = 0; i < 3; ++i) {
     (*rows[i])[0] = kPccRange * offset[i];
     std::copy(matrix[i].begin(), matrix[i].end(), rows[i]->begin() + 1);

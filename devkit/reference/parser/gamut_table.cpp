@@ -97,7 +97,8 @@ class GamutMapper {
 
 }  // namespace
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size) {
+HwConfigPayload GamutBlock(const Panel& panel, const Target& target,
+                           const zeltarn::TableDimensions& size) {
   const GamutMapper map(panel, target);
   auto lut = std::make_unique<GamutLut>();
   lut->bit_depth = size.bit_depth;
@@ -111,8 +112,8 @@ HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const Table
     }
   }
   auto record = std::make_shared<GamutPostBlendConfig>();
-  record->enable = target.gamut_mapping != GamutMapping::kNone ||
-                   target.transfer.curve == color::Curve::kHlg;
+  record->enable =
+      target.gamut_mapping != GamutMapping::kNone || target.transfer.curve == color::Curve::kHlg;
   std::memcpy(record->lut_data.data(), lut.get(), sizeof(GamutLut));
   return MakeBlock(velaricolor::kPostBlendGamut, std::move(record));
 }

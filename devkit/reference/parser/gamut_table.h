@@ -9,6 +9,7 @@ namespace tarn::reference {
 // Maps what the panel lacks, and finishes the curve of HLG, whose system gamma
 // depends on all three channels. Disabled, and the identity, where neither is
 // to be done.
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size);
+HwConfigPayload GamutBlock(const Panel& panel, const Target& target,
+                           const zeltarn::TableDimensions& size);
 
 }  // namespace tarn::reference

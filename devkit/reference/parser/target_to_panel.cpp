@@ -12,8 +12,7 @@ Vec3 LightConversion::operator()(const Vec3& light) const {
 }
 
 LightConversion TargetToPanel(const Panel& panel, const Target& target) {
-  const color::Mat3 matrix =
-      ConversionMatrix(target.primaries, panel.primaries, target.adaptation);
+  const color::Mat3 matrix = ConversionMatrix(target.primaries, panel.primaries, target.adaptation);
   LightConversion conversion = {matrix, {0, 0, 0}};
   const Curve curve = target.transfer.curve;
   if (target.adaptation || (curve != Curve::kHlg && curve != Curve::kSt2084)) return conversion;

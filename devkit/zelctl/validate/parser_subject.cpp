@@ -76,7 +76,7 @@ int ParserSubject::Ask(const Question& question, tarn::HwConfigOutputParams* ans
 }
 
 int ParserSubject::SetSize(tarn::ZelProperty property, uint32_t version,
-                           const TableDimensions& size) {
+                           const zeltarn::TableDimensions& size) {
   tarn::PostBlendHwConfig config = {.version = version,
                                     .num_of_entries = size.num_of_entries,
                                     .bit_depth = size.bit_depth,

@@ -59,7 +59,7 @@ class ModeParser : public testing::Test {
     return parser_->ProcessOps(op, tarn::Wrap(&request), &out);
   }
 
-  int SetDimensions(tarn::ZelProperty prop, const TableDimensions& size) {
+  int SetDimensions(tarn::ZelProperty prop, const zeltarn::TableDimensions& size) {
     const uint32_t version = prop == kGamut ? 117936 : 88;
     tarn::PostBlendHwConfig config = {version, size.num_of_entries, size.bit_depth, 0, {}};
     return parser_->SetProperty(tarn::Wrap(&config, prop));
@@ -197,10 +197,10 @@ TEST_F(ModeParser, GamutTableDrawsOnlyWhatThePanelLacksTowardsGrey) {
 TEST_F(ModeParser, TablesHaveTheLastGoodDimensions) {
   struct Case {
     tarn::ZelProperty prop;
-    TableDimensions size;
+    zeltarn::TableDimensions size;
     std::string refusal;
   };
-  std::map<uint32_t, TableDimensions> expected = {{kIgc, {257, 12}}, {kGc, {1024, 10}}};
+  std::map<uint32_t, zeltarn::TableDimensions> expected = {{kIgc, {257, 12}}, {kGc, {1024, 10}}};
   for (const Case& c : {Case{kIgc, {0, 12}, "inverse gamma table: 0 entries, expected 1 to 1024"},
                         {kGc, {1025, 10}, "gamma table: 1025 entries, expected 1 to 1024"},
                         {kIgc, {33, 0}, "inverse gamma table: 0 bits, expected 1 to 32"},

@@ -33,7 +33,7 @@ TEST_F(PccMerge, EqualsApplyingOneAfterTheOther) {
   std::uniform_real_distribution<double> number(-1, 1);
   const auto matrix = [&](size_t terms) {
     pcc_coeff_data pcc = {};
-    for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+    for (zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
       for (size_t term = 0; term < terms; ++term) (*row)[term] = number(random);
     }
     return pcc;
@@ -62,7 +62,7 @@ TEST_F(PccMerge, IsExactOrRefused) {
   trans.r[4] = 1e20;
   trans.r[7] = trans.r[8] = -0.5e20;
   EXPECT_EQ(Merge(trans, active), 0);
-  EXPECT_EQ(output_.result.r, (PccRow{0, 0, 0, 0, 0, 0, 0, -0.5e20}));
+  EXPECT_EQ(output_.result.r, (zeltarn::PccRow{0, 0, 0, 0, 0, 0, 0, -0.5e20}));
   // A 1 beside 1e20 gets lost in doubles, but the powers no longer cancel.
   trans.r[6] = 1;
   EXPECT_EQ(Merge(trans, active), -EDOM);

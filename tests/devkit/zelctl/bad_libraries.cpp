@@ -57,7 +57,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
  public:
   int SetProperty(const tarn::TarnPayload& payload) override {
     auto* config = RecordIn<tarn::PostBlendHwConfig>(payload);
-    const TableDimensions size = {config->num_of_entries, config->bit_depth};
+    const zeltarn::TableDimensions size = {config->num_of_entries, config->bit_depth};
     if (Has("writes size")) config->num_of_entries = 0;
     if (Has("refuses sizes")) return -22;
     if (Has("forgets sizes")) return 0;
@@ -110,7 +110,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     answer->payloads.push_back({.hw_block = name, .payload = std::move(record), .len = sizeof(T)});
   }
 
-  static std::shared_ptr<tarn::GammaPostBlendConfig> Table(const TableDimensions& size) {
+  static std::shared_ptr<tarn::GammaPostBlendConfig> Table(const zeltarn::TableDimensions& size) {
     auto table = std::make_shared<tarn::GammaPostBlendConfig>();
     table->c0.assign(size.num_of_entries, 1);
     table->c0.back() = Has("code too large") ? 1U << size.bit_depth : Has("codes fall") ? 0 : 2;
@@ -120,7 +120,8 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
   }
 
   void AddBlocks(tarn::HwConfigOutputParams* answer) const {
-    Add("PostBlendIGC", Table(Has("refuses sizes") ? TableDimensions{1024, 8} : igc_), answer);
+    Add("PostBlendIGC", Table(Has("refuses sizes") ? zeltarn::TableDimensions{1024, 8} : igc_),
+        answer);
     Add("PostBlendGC", Table(gc_), answer);
     auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
     pcc->coeffs.b[10] = Has("not a number") ? NAN : 1;
@@ -141,8 +142,8 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     if (Has("one thread") && std::this_thread::get_id() != made_by_) answer->payloads.clear();
   }
 
-  TableDimensions igc_ = kDefaultInverseGamma;
-  TableDimensions gc_ = kDefaultGamma;
+  zeltarn::TableDimensions igc_ = zeltarn::kDefaultInverseGamma;
+  zeltarn::TableDimensions gc_ = zeltarn::kDefaultGamma;
   std::thread::id made_by_ = std::this_thread::get_id();
 };
 
