@@ -14,36 +14,37 @@ double Interpolate(const Ramp& ramp, double RampPoint::*from, double RampPoint::
   return low.*to + share * (high.*to - low.*to);
 }
 
-Ramp IsotonicFit(const Ramp& measured) {
+Ramp IsotonicFit(const Ramp& measured, double rise) {
   struct Pool {
-    RampPoint sum;
-    double count;
-    double Light() const { return sum.light / count; }
+    double sum;
+    size_t count;
+    double Mean() const { return sum / static_cast<double>(count); }
   };
   std::vector<Pool> pools;
-  for (const RampPoint& point : measured) {
-    pools.push_back({point, 1});
-    while (pools.size() > 1 && pools.rbegin()[1].Light() >= pools.back().Light()) {
+  for (size_t i = 0; i < measured.size(); ++i) {
+    pools.push_back({measured[i].light - rise * static_cast<double>(i), 1});
+    while (pools.size() > 1 && pools.rbegin()[1].Mean() >= pools.back().Mean()) {
       const Pool last = pools.back();
       pools.pop_back();
-      pools.back().sum.signal += last.sum.signal;
-      pools.back().sum.light += last.sum.light;
+      pools.back().sum += last.sum;
       pools.back().count += last.count;
     }
   }
   Ramp fit;
-  for (const Pool& pool : pools) fit.push_back({pool.sum.signal / pool.count, pool.Light()});
-  fit.front().signal = measured.front().signal;
-  fit.back().signal = measured.back().signal;
+  for (const Pool& pool : pools) {
+    for (size_t i = 0; i < pool.count; ++i) {
+      const size_t at = fit.size();
+      fit.push_back({measured[at].signal, pool.Mean() + rise * static_cast<double>(at)});
+    }
+  }
   return fit;
 }
 
-Residual LargestResidual(const Ramp& ramp, const Ramp& measured) {
+Residual LargestResidual(const Ramp& fit, const Ramp& measured) {
   Residual largest;
-  for (const auto& [signal, light] : measured) {
-    const double fitted = Interpolate(ramp, &RampPoint::signal, &RampPoint::light, signal);
-    const double residual = std::abs(fitted - light);
-    if (residual > largest.light) largest = {signal, residual};
+  for (size_t i = 0; i < fit.size(); ++i) {
+    const double light = std::abs(fit[i].light - measured[i].light);
+    if (light > largest.light) largest = {measured[i].signal, light};
   }
   return largest;
 }

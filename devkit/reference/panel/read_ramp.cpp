@@ -1,5 +1,6 @@
 #include "devkit/reference/panel/read_ramp.h"
 
+#include <algorithm>
 #include <sstream>
 
 #include "devkit/reference/panel/read_name.h"
@@ -27,21 +28,18 @@ Ramp ReadMeasurements(const std::vector<JsonValue>& elements, const RampForm& fo
 // Smaller ones, in shares of the range, could vanish in a division by it.
 constexpr double kSmallestRise = 1e-9;
 
-// The fit of a ramp whose light may fall; a small part of it only, or it was no ramp.
+// The fit of a ramp whose light may fall, but only little, or it was no ramp.
 Ramp Fitted(const Ramp& measured, const JsonValue& value, std::vector<std::string>* notes) {
   constexpr double kLargestResidual = 0.02;
-  const Ramp fit = IsotonicFit(measured);
-  const double range = fit.back().light - fit.front().light;
+  const double range = measured.back().light - measured.front().light;
+  Ramp fit = IsotonicFit(measured, 2 * kSmallestRise * std::max(range, 0.0));
   const color::Residual residual = LargestResidual(fit, measured);
-  if (fit.size() < 2 || residual.light > kLargestResidual * range) {
-    value.Refuse("light falls too far to be fitted: more than 2 % of its range from what rises");
+  if (residual.light > kLargestResidual * range) {
+    value.Refuse("light falls too far to be fitted: more than 2 % of its range");
   }
   std::ostringstream note;
-  note << "fitted with " << fit.size() << " of " << measured.size() << " points";
-  if (residual.light > 0) {
-    note << ", at most " << residual.light << " (" << 100 * residual.light / range
-         << " % of the range) from the measurement, at signal " << residual.signal;
-  }
+  note << "fitted; at most " << residual.light << " (" << 100 * residual.light / range
+       << " % of the range) from the measurement, at signal " << residual.signal;
   notes->push_back(value.Located(note.str()));
   return fit;
 }
@@ -64,10 +62,8 @@ Ramp ReadRamp(const JsonValue& value, const RampForm& form, std::vector<std::str
   const double range = ramp.back().light - black;
   for (size_t i = 1; i < ramp.size(); ++i) {
     if (ramp[i].light - ramp[i - 1].light > kSmallestRise * range) continue;
-    const JsonValue& place = form.fit ? value : elements[i];
-    place.Refuse("light must rise, by more than 1e-9 of its range (" +
-                 std::string(form.fit ? "even when fitted" : R"("fit": "isotonic" evens it out)") +
-                 ")");
+    elements[i].Refuse("light must rise, by more than 1e-9 of its range" +
+                       std::string(form.fit ? "" : R"( ("fit": "isotonic" evens it out))"));
   }
   for (color::RampPoint& point : ramp) point.light = (point.light - black) / range;
   return ramp;

@@ -12,9 +12,27 @@ from colour import (PRIMARIES, WHITES, bradford, bt1886_luminance, eetf, hlg_lum
 DIFFUSE_WHITE = 203  # cd/m2 and, of HLG, 75 % signal: BT.2408, table 1
 
 
-def ramp_light(points, signal):
-    x, y = np.array(points, float).T
-    return np.interp(signal, x, (y - y[0]) / (y[-1] - y[0]))
+def isotonic(light):
+    """The rising sequence nearest to `light`: largest means of what lies before, least of after."""
+    count = len(light)
+    means = [[np.mean(light[i:j + 1]) if i <= j else np.inf for j in range(count)]
+             for i in range(count)]
+    return np.array([max(min(means[i][k:]) for i in range(k + 1)) for k in range(count)])
+
+
+def ramp_light(transfer, signal):
+    """Of each channel, linear between the points of its ramp."""
+    ramp = transfer["ramp"]
+    channels = [ramp[key] for key in ("red", "green", "blue")] if isinstance(ramp, dict) \
+        else [ramp] * 3
+    light = []
+    for channel, points in enumerate(channels):
+        x, y = np.array(points, float).T
+        x = x / transfer.get("full_scale", 1)
+        if transfer.get("fit") == "isotonic":
+            y = isotonic(y)
+        light.append(np.interp(signal[..., channel], x, (y - y[0]) / (y[-1] - y[0])))
+    return np.stack(light, axis=-1)
 
 
 def relative_light(transfer, signal):
@@ -24,7 +42,7 @@ def relative_light(transfer, signal):
         return srgb_light(signal)
     if "gamma" in transfer:
         return signal**transfer["gamma"]
-    return ramp_light(transfer["ramp"], signal)
+    return ramp_light(transfer, signal)
 
 
 def gamut_of(value):
@@ -32,6 +50,8 @@ def gamut_of(value):
 
 
 class Panel:
+    """What a description says of its panel."""
+
     def __init__(self, description):
         panel = description["panel"]
         self.white = tuple(panel["white"])
@@ -53,7 +73,15 @@ class Panel:
         return (channels - self.black) / (self.peak - self.black)
 
 
+    def signal_for(self, light):
+        steps = np.repeat(np.linspace(0, 1, 65536)[:, None], 3, axis=1)
+        lights = relative_light(self.transfer, steps)
+        return np.stack([np.interp(light[:, i], lights[:, i], steps[:, i]) for i in range(3)], 1)
+
+
 class Target:
+    """What a mode's description asks for."""
+
     def __init__(self, panel, mode):
         target = mode.get("target", {})
         primaries = target.get("primaries", "panel")
