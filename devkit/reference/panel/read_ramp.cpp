@@ -1,6 +1,7 @@
 #include "devkit/reference/panel/read_ramp.h"
 
 #include <algorithm>
+#include <functional>
 #include <sstream>
 
 #include "devkit/reference/panel/read_name.h"
@@ -32,6 +33,12 @@ constexpr double kSmallestRise = 1e-9;
 Ramp Fitted(const Ramp& measured, const JsonValue& value, std::vector<std::string>* notes) {
   constexpr double kLargestResidual = 0.02;
   const double range = measured.back().light - measured.front().light;
+  const auto rises = [&](const color::RampPoint& low, const color::RampPoint& high) {
+    return high.light - low.light > kSmallestRise * range;
+  };
+  if (std::adjacent_find(measured.begin(), measured.end(), std::not_fn(rises)) == measured.end()) {
+    return measured;
+  }
   Ramp fit = IsotonicFit(measured, 2 * kSmallestRise * std::max(range, 0.0));
   const color::Residual residual = LargestResidual(fit, measured);
   if (residual.light > kLargestResidual * range) {

@@ -46,6 +46,8 @@ class GamutMapper {
         target_(target),
         to_panel_(TargetToPanel(panel, target)),
         from_panel_(Inverse(to_panel_)),
+        panel_weights_(LuminanceWeights(panel.primaries)),
+        target_weights_(LuminanceWeights(target.primaries)),
         space_(panel.primaries),
         compress_(space_, from_panel_.matrix) {}
 
@@ -54,7 +56,7 @@ class GamutMapper {
     if (target_.gamut_mapping == GamutMapping::kNone) return Clipped(light);
     const Vec3 on_panel = to_panel_(light);
     const Vec3 mapped = Mapped(on_panel);
-    if (mapped == on_panel) return light;
+    if (mapped == on_panel) return Clipped(light);
     return Clipped(from_panel_(KeepExcess(on_panel, mapped)));
   }
 
@@ -63,7 +65,7 @@ class GamutMapper {
     const auto& [peak, black] = panel_.luminance;
     Vec3 luminance;
     for (size_t i = 0; i < 3; ++i) luminance[i] = black + light[i] * (peak - black);
-    luminance = color::HlgColor(luminance, peak, LuminanceWeights(target_.primaries));
+    luminance = color::HlgColor(luminance, peak, target_weights_);
     for (double& component : luminance) component = (component - black) / (peak - black);
     return luminance;
   }
@@ -74,7 +76,7 @@ class GamutMapper {
     if (target_.gamut_mapping == GamutMapping::kNearest) {
       return color::NearestColor(space_, on_panel);
     }
-    return Desaturate(on_panel, LuminanceWeights(panel_.primaries));
+    return Desaturate(on_panel, panel_weights_);
   }
 
   // Where the mapping ends at a bound that `color` lies beyond, clipping after
@@ -91,6 +93,8 @@ class GamutMapper {
   const Target& target_;
   LightConversion to_panel_;
   LightConversion from_panel_;
+  Vec3 panel_weights_;
+  Vec3 target_weights_;
   color::OkLab space_;
   color::Compressor compress_;
 };

@@ -287,7 +287,8 @@ TEST(DocumentedValues, NamesStandForTheirFigures) {
       with_ramp("ramp", {{"red", ramp["ramp"]}, {"green", ramp["ramp"]}, {"blue", ramp["ramp"]}}),
       plain);
   EXPECT_TRUE(IsRefused(with_ramp("full_scale", 0.9)));
-  EXPECT_TRUE(IsRefused(with_ramp("full_scale", 65536)));
+  EXPECT_TRUE(IsRefused(
+      Read(With(kTarget + "/transfer", {{"ramp", {{0, 1}, {65536, 2}}}, {"full_scale", 65536}}))));
   EXPECT_TRUE(IsRefused(with_ramp("fit", "linear")));
   const json thirds = {{0, 1}, {1.0 / 3, 2}, {1, 5}};
   const json codes = {{0, 1}, {21845, 2}, {65535, 5}};

@@ -83,6 +83,8 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {"\"srgb\"", "{}", "$.panel.transfer: expected one of the keys \"gamma\" and \"ramp\""},
       {"\"srgb\"", R"({"gamma": 2, "ramp": []})", "$.panel.transfer: expected one of the keys"},
       {"\"srgb\"", R"({"gamma": 2, "fit": "none"})", "$.panel.transfer: unknown key \"fit\""},
+      {"\"srgb\"", R"({"ramp": [[0, 1]]})",
+       "$.panel.transfer.ramp: expected an array with a length from 2 to 1024"},
       {"\"srgb\"", R"({"ramp": [[0, 1], [1, 1]]})",
        "$.panel.transfer.ramp[1]: light must rise, by more than 1e-9 of its range (\"fit\": "
        "\"isotonic\" evens it out)"},

@@ -24,8 +24,7 @@ inline void Describe(const tarn::reference::Blocks& blocks, std::ostream& out) {
       const auto* record = static_cast<const tarn::GameBlobPostBlendConfig*>(block.payload.get());
       out << record->enable << record->blob;
     } else {
-      std::string bytes(static_cast<const char*>(block.payload.get()), block.len);
-      out << bytes.erase(5, 3);  // the padding after version and enable
+      out << std::string(static_cast<const char*>(block.payload.get()), block.len);
     }
     out << '\n';
   }
