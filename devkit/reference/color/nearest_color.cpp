@@ -38,8 +38,26 @@ Vec3 Step(const Mat3& slope, const Vec3& residual, const std::array<bool, 3>& fr
   return Multiply(Inverse(normal), right);
 }
 
+Vec3 Clipped(Vec3 color) {
+  for (double& component : color) component = std::clamp(component, 0.0, 1.0);
+  return color;
+}
+
+// The components of a colour from 0 to 1 that can follow the downward slope of
+// the squared residual without leaving that range.
+std::array<bool, 3> FreeComponents(const Vec3& color, const Mat3& slope, const Vec3& residual) {
+  std::array<bool, 3> free;
+  for (size_t i = 0; i < 3; ++i) {
+    double downhill = 0;
+    for (size_t row = 0; row < 3; ++row) downhill -= slope[row][i] * residual[row];
+    free[i] = !((color[i] <= 0 && downhill < 0) || (color[i] >= 1 && downhill > 0));
+  }
+  return free;
+}
+
 }  // namespace
 
+// Gauss-Newton from the clipped colour, with steps halved until they lead downwards.
 Vec3 NearestColor(const OkLab& space, const Vec3& light) {
   const Vec3 wanted = space.FromLight(light);
   const Mat3 weights = Weights(wanted);
@@ -48,39 +66,26 @@ Vec3 NearestColor(const OkLab& space, const Vec3& light) {
     for (size_t i = 0; i < 3; ++i) lab[i] -= wanted[i];
     return Multiply(weights, lab);
   };
-  const auto clipped = [](Vec3 color) {
-    for (double& component : color) component = std::clamp(component, 0.0, 1.0);
-    return color;
-  };
-
-  // Gauss-Newton from the clipped colour; components that want to leave the range stay at its end.
-  Vec3 color = clipped(light);
+  Vec3 color = Clipped(light);
   Vec3 residual = residual_of(color);
   constexpr int kMaxSteps = 12;
   constexpr double kSettled = 1e-5;
-  for (int round = 0; round < kMaxSteps; ++round) {
+  double gained = 1;
+  for (int round = 0; round < kMaxSteps && gained > kSettled; ++round) {
     const Mat3 slope = Multiply(weights, space.Slope(color));
-    std::array<bool, 3> free;
-    for (size_t i = 0; i < 3; ++i) {
-      double downhill = 0;
-      for (size_t row = 0; row < 3; ++row) downhill -= slope[row][i] * residual[row];
-      free[i] = !((color[i] <= 0 && downhill < 0) || (color[i] >= 1 && downhill > 0));
-    }
-    const Vec3 step = Step(slope, residual, free);
-    const double before = SquareSum(residual);
-    Vec3 next = color;
-    Vec3 next_residual = residual;
-    for (double length = 1; length > 1e-3; length /= 2) {
+    const Vec3 step = Step(slope, residual, FreeComponents(color, slope, residual));
+    const double before = std::sqrt(SquareSum(residual));
+    gained = 0;
+    for (double length = 1; length > 1e-3 && gained <= 0; length /= 2) {
+      Vec3 next;
       for (size_t i = 0; i < 3; ++i) next[i] = color[i] + length * step[i];
-      next = clipped(next);
-      next_residual = residual_of(next);
-      if (SquareSum(next_residual) < before) break;
+      next = Clipped(next);
+      const Vec3 next_residual = residual_of(next);
+      gained = before - std::sqrt(SquareSum(next_residual));
+      if (gained <= 0) continue;
+      color = next;
+      residual = next_residual;
     }
-    if (SquareSum(next_residual) >= before) break;
-    const bool settled = std::sqrt(before) - std::sqrt(SquareSum(next_residual)) < kSettled;
-    color = next;
-    residual = next_residual;
-    if (settled) break;
   }
   return color;
 }
