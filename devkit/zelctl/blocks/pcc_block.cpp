@@ -21,8 +21,8 @@ PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output) {
 
 Vec3 ApplyPcc(const PccCopy& pcc, const Vec3& light) {
   if (!pcc || !pcc->enable) return light;
-  Vec3 result = tarn::reference::Evaluate(pcc->coeffs,
-                                          {kPccRange * light[0], kPccRange * light[1], kPccRange * light[2]});
+  Vec3 result = tarn::reference::Evaluate(
+      pcc->coeffs, {kPccRange * light[0], kPccRange * light[1], kPccRange * light[2]});
   for (double& component : result) {
     component /= kPccRange;
     if (!std::isfinite(component)) {
