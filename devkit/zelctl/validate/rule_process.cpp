@@ -11,6 +11,7 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <iostream>
 #include <stdexcept>
@@ -56,6 +57,7 @@ bool Drain(int fd, std::string* text) {
 }  // namespace
 
 void RuleChannel::Found(const Finding& finding) {
+  std::fflush(nullptr);  // what the library printed belongs to this rule
   Send(static_cast<char>('0' + static_cast<int>(finding.verdict)), finding.seen);
 }
 
@@ -116,7 +118,19 @@ RuleProcess::Outcome RuleProcess::Await(std::chrono::seconds limit) {
     outcome.ended = true;
     break;
   }
+  while (ReadPrinted(&outcome)) continue;  // it was printed before the finding
   return outcome;
+}
+
+// False where there is nothing to read now.
+bool RuleProcess::ReadPrinted(Outcome* outcome) {
+  pollfd stream = {printed_, POLLIN, 0};
+  if (poll(&stream, 1, 0) <= 0 || (stream.revents & POLLIN) == 0) return false;
+  std::string text;
+  const bool more = Drain(printed_, &text);
+  const size_t room = kMostPrinted - std::min(kMostPrinted, outcome->printed.size());
+  outcome->printed.append(text, 0, room);
+  return more;
 }
 
 // False where the child is gone and all that it sent has been read. A process that the
@@ -129,12 +143,7 @@ bool RuleProcess::ReadMore(int timeout_ms, Outcome* outcome) {
   const int ready = poll(streams.data(), streams.size(), gone ? 0 : timeout_ms);
   bool more = false;
   if ((streams[0].revents & POLLIN) != 0) more = Drain(frames_, &received_);
-  if ((streams[1].revents & POLLIN) != 0) {
-    std::string text;
-    more = Drain(printed_, &text) || more;
-    const size_t room = kMostPrinted - std::min(kMostPrinted, outcome->printed.size());
-    outcome->printed.append(text, 0, room);
-  }
+  if ((streams[1].revents & POLLIN) != 0) more = ReadPrinted(outcome) || more;
   if (!gone && !more && ready > 0) {  // closed by the library: wait without spinning
     std::array<timespec, 1> pause = {{{0, timeout_ms * 1000000L}}};
     nanosleep(pause.data(), nullptr);

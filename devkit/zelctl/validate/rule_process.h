@@ -48,6 +48,7 @@ class RuleProcess {
 
  private:
   bool ReadMore(int timeout_ms, Outcome* outcome);
+  bool ReadPrinted(Outcome* outcome);
   bool TakeFinding(Outcome* outcome);
   Finding HowItEnded();
   std::string While() const { return doing_.empty() ? "" : " while " + doing_; }
