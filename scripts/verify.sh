@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # Every proof but the faults on purpose: form, all tests on every preset, the fuzzers'
 # short run, coverage. Ends with a table of what ran, and fails where anything failed.
-set -uo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/verify.sh
+# ZEL_FUZZ_SECONDS in the environment: how long to fuzz, default 60.
+source "$(dirname "$0")/prelude.sh"
+
+set +e  # a failing step is noted, and the next one runs
 
 names=() results=() seconds=()
 failed=0
