@@ -7,7 +7,6 @@ stand-in for the NDK. Sources, libraries and the flags that matter must be the s
 every source, and a user of either header library, must pass the compiler with exactly
 Soong's flags. Their headers are Debian's for 64-bit Arm: there is no platform tree here.
 
-Usage: tests/android/android_test.py
 """
 
 import json
@@ -17,7 +16,6 @@ import re
 import shlex
 import shutil
 import subprocess
-import sys
 import unittest
 
 ROOT = pathlib.Path(__file__).resolve().parents[2]
@@ -209,7 +207,4 @@ class Android(unittest.TestCase):
 
 
 if __name__ == "__main__":
-    if "-h" in sys.argv[1:2] or "--help" in sys.argv[1:2]:
-        print(__doc__.strip())
-    else:
-        unittest.main(verbosity=2)
+    unittest.main(verbosity=2)
