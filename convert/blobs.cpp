@@ -11,7 +11,7 @@ int ConvertBlob(const char* function, const tarn::HwConfigPayload& in,
   return ConvertBlock<Config>(
       function, in, out, [](const auto& /*from*/) { return kOk; },
       MakeRecordToFill<Config<HostSide>>,
-      [](const auto& from, auto* to) { to->blob.reserve(from.blob.size()); },
+      [](const auto& from, auto* to) { MakeRoomFor(from.blob.size(), &to->blob); },
       [](const auto& from, auto* to) { to->blob = from.blob; });
 }
 

@@ -13,14 +13,26 @@
 
 namespace velaricolor {
 
+// Capacity for `size` elements. Growing stays out of line, so that it costs nothing
+// where there is room.
+template <typename List>
+[[gnu::cold, gnu::noinline]] void Grow(size_t size, List* list) {
+  list->reserve(size);
+}
+template <typename List>
+void MakeRoomFor(size_t size, List* list) {
+  if (list->capacity() < size) Grow(size, list);
+}
+
 // Converts the typed record of `in` into that of `out`, in place where `out` has
 // one already (of the same block: its owner made it for the same name), and logs
 // under `function`. `out` bears the block's name, found by it or made with it. Up to
 // and including the precondition a refusal leaves `out` as it was, and so does running
-// out of memory: `make` and `make_room` do all that needs some, before the first write.
+// out of memory: a new record joins it when it is filled, and one that is kept has room
+// before the first write.
 //   precondition(from)   0, or the result of the refused call
 //   make()               a new record in shared ownership, blank but for what copy fills
-//   make_room(from, to)  capacity for what copy fills
+//   make_room(from, to)  capacity in a record that is kept
 //   copy(from, to)       the block's fields; `enable` has been copied
 template <template <typename> class Config, typename Precondition, typename Make, typename MakeRoom,
           typename Copy>
@@ -39,20 +51,25 @@ int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
   const auto& from = *static_cast<const Config<tarn::LibrarySide>*>(in.payload.get());
   if (const int ret = precondition(from); ret != kOk) return ret;
 
-  std::shared_ptr<void> made;
-  if (out->payload == nullptr) made = make();
-  auto* const to = static_cast<Config<HostSide>*>(made ? made.get() : out->payload.get());
-  if (to == nullptr) {
+  const auto fill = [&](Config<HostSide>* to) {
+    if constexpr (requires { to->enable; }) to->enable = IsSet(from.enable);
+    copy(from, to);
+  };
+  if (auto* const kept = static_cast<Config<HostSide>*>(out->payload.get()); kept != nullptr) {
+    make_room(from, kept);
+    out->len = in.len;
+    fill(kept);
+    return kOk;
+  }
+  std::shared_ptr<Config<HostSide>> made = make();
+  if (made == nullptr) {
     out->len = in.len;
     ZEL_LOGE_AS(function, "out_cfg is nullptr");
     return kErrInvalid;
   }
-  make_room(from, to);
-
+  fill(made.get());
   out->len = in.len;
-  if (made) out->payload = std::move(made);
-  if constexpr (requires { to->enable; }) to->enable = IsSet(from.enable);
-  copy(from, to);
+  out->payload = std::move(made);
   return kOk;
 }
 

@@ -26,7 +26,7 @@ int ConvertGammaLists(const char* function, uint32_t entries, const tarn::HwConf
   };
   const auto make = [=] { return std::make_shared<GammaPostBlendConfig>(entries); };
   const auto make_room = [=](const auto& /*from*/, GammaPostBlendConfig* to) {
-    for (auto* list : {&to->c0, &to->c1, &to->c2}) list->reserve(entries);
+    for (auto* list : {&to->c0, &to->c1, &to->c2}) MakeRoomFor(entries, list);
   };
   const auto fill = [=](const std::vector<uint32_t>& from, std::vector<uint32_t>* to) {
     to->assign(from.data(), from.data() + entries);

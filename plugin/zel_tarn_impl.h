@@ -176,10 +176,10 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   std::exception_ptr mode_parser_exception_;  // what left the parser on that thread
 
   // The tables' entries last used; a parser answers with the same blocks in the
-  // same order mode after mode, so those of converters go by place in the answer.
+  // same order mode after mode, so those of converters go by place in the answer. An
+  // operation's handler is found in no time that counts beside the operation.
   RecentEntry<SetPropFuncs> recent_setter_{set_prop_funcs_};
   RecentEntry<GetPropFuncs> recent_getter_{get_prop_funcs_};
-  RecentEntry<OpsFuncs> recent_op_{ops_funcs_};
   std::vector<RecentEntry<HwConfigConverters>> recent_converters_ =
       std::vector(hw_config_converters_.size(), RecentEntry(hw_config_converters_));
 };

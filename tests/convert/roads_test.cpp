@@ -105,6 +105,7 @@ TEST_F(Roads, AreThoseOfTheBlockTable) {
   std::map<std::string, uint32_t> table;
   zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
     table.emplace(name, sizeof(Config<velaricolor::HostSide>));
+    EXPECT_GE(name.size(), sizeof(uint64_t)) << name << ": names are compared in words";
   });
   std::map<std::string, uint32_t> roads;
   for (const Road& road : ::Roads()) roads.emplace(road.block, road.version);
