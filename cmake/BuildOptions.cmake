@@ -21,8 +21,12 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY)
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+endif()
+if(NOT CMAKE_RUNTIME_OUTPUT_DIRECTORY)
+  set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+endif()
 
 # Libraries look beside themselves, programs in the lib folder; RUNPATH rather
 # than RPATH, so that LD_LIBRARY_PATH still wins.
@@ -38,10 +42,13 @@ if(ZELTARN_SANITIZER)
   add_link_options(-fsanitize=${ZELTARN_SANITIZER})
 endif()
 
+option(ZELTARN_WERROR "Treat warnings as errors, as the presets do" OFF)
+
 add_library(zel_options INTERFACE)
 target_include_directories(zel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zel_options INTERFACE
-  -Wall -Wextra -Werror -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  $<$<BOOL:${ZELTARN_WERROR}>:-Werror>
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wformat=2 -Wnull-dereference
   -Wimplicit-fallthrough -Wextra-semi -Wundef -Wvla
   # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere,
@@ -55,7 +62,9 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
 endif()
 target_link_options(zel_options INTERFACE -Wl,-z,relro,-z,now -Wl,-z,noexecstack)
 if(NOT ZELTARN_SANITIZER)
-  target_compile_options(zel_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  set(zel_optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  target_compile_options(zel_options INTERFACE
+    $<${zel_optimised}:-U_FORTIFY_SOURCE> $<${zel_optimised}:-D_FORTIFY_SOURCE=2>)
   target_link_options(zel_options INTERFACE -Wl,-z,defs)
 endif()
 

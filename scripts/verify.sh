@@ -1,6 +1,7 @@
 #!/usr/bin/env bash
 # Every proof but the faults on purpose: form, all tests on every preset, the platform's
-# log, the ABI, the Android build files, the fuzzers' short run, coverage. Ends with a table of what ran, and fails where anything failed.
+# log, the ABI, the Android build files, the fuzzers' short run, coverage. Ends with a
+# table of what ran, and fails where anything failed.
 # Usage: scripts/verify.sh
 # ZEL_FUZZ_SECONDS in the environment: how long to fuzz, default 60.
 source "$(dirname "$0")/prelude.sh"

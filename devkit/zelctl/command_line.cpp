@@ -4,7 +4,6 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <filesystem>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -14,6 +13,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/help_texts.h"
 #include "devkit/zelctl/input.h"
+#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/ltm_file.h"
 #include "devkit/zelctl/mode_selection.h"
 
@@ -161,10 +161,10 @@ void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* na
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
-  const auto build = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+  const Installation installation = FindInstallation();
   GlobalOptions globals;
-  globals.session.plugin = build / "lib" / "libzeltarn.so";
-  globals.session.panel = build / "panels" / "phone-oled.json";
+  globals.session.plugin = installation.plugin;
+  globals.session.panel = installation.panel;
 
   CLI::App app("Loads the zeltarn display colour-management plug-in and drives it as a host does.",
                "zelctl");

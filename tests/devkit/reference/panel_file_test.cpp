@@ -117,6 +117,32 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
   EXPECT_EQ(RefusalOfFile(testing::TempDir()), "not a file");
 }
 
+// The guide's smallest description, and the lines that it shows for what is refused.
+TEST(PanelFile, IsAsTheGuideSays) {
+  std::stringstream guide;
+  guide << std::ifstream(PANEL_GUIDE).rdbuf();
+  const std::string fence = "```json\n";
+  const size_t start = guide.str().find(fence) + fence.size();
+  const std::string smallest = guide.str().substr(start, guide.str().find("```", start) - start);
+  EXPECT_EQ(RefusalOf(smallest), "");
+
+  const struct {
+    std::string text;  // in the description above
+    std::string other;
+  } refused[] = {
+      {R"("luminance")", "\n\n}"},
+      {R"({"peak": 500})", "{\n\n\n\n\"peak\": 500, \"peak\": 600}"},
+      {"\n  ]", R"(, {"label": "third", "gamut": 1, "gamma": 0, "intent": 0,
+                     "target": {"primaries": "bt709"}} ])"},
+  };
+  for (const auto& [text, other] : refused) {
+    std::string changed = kPanel;
+    changed.replace(changed.find(text), text.size(), other);
+    EXPECT_NE(guide.str().find("phone.json: " + RefusalOf(changed) + '\n'), std::string::npos)
+        << RefusalOf(changed);
+  }
+}
+
 // What holds for every value and object that there can be.
 TEST(PanelFile, NoValueMayBeNullAndNoObjectMayHoldAnUnknownKey) {
   std::ifstream file(PANELS "phone-oled.json");

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 
 #include "tests/devkit/zelctl/run_zelctl.h"
@@ -119,6 +120,32 @@ TEST(Validate, SaysWhatWasSeen) {
         RunZelctl("validate --parser " BAD_LIBRARIES, "FAULT='" + std::string(test.fault) + "'");
     EXPECT_NE(run.out.find(test.line), std::string::npos) << run.out;
   }
+}
+
+// The guide's example, whose lines follow each other but where it says "...".
+TEST(Validate, PrintsWhatTheGuideShows) {
+  const std::string guide = ReadFile(LIBRARY_GUIDE);
+  const size_t prompt = guide.find("$ zelctl validate ");
+  const size_t start = guide.find('\n', prompt) + 1;
+  std::istringstream shown(guide.substr(start, guide.find("```", start) - start));
+  const std::string out =
+      RunZelctl("validate --parser " BAD_LIBRARIES " --arg x", "FAULT='forgets sizes'").out;
+  size_t lines = 0;
+  size_t place = 0;
+  bool next = true;  // the line before is shown too
+  for (std::string line; std::getline(shown, line); ++lines) {
+    if (line == "...") {
+      next = false;
+      continue;
+    }
+    const size_t found = out.find(line + '\n', place);
+    ASSERT_NE(found, std::string::npos) << line << '\n' << out;
+    if (next) EXPECT_EQ(found, place) << line;
+    place = found + line.size() + 1;
+    next = true;
+  }
+  EXPECT_EQ(place, out.size());
+  EXPECT_GE(lines, 5);
 }
 
 TEST(Validate, LinesBeforeACrashAreThere) {
