@@ -20,9 +20,11 @@ option(ZELTARN_FUZZ "Build the fuzzers; needs the devkit" OFF)
 option(ZELTARN_INSTALL "Say what `cmake --install` installs" ${PROJECT_IS_TOP_LEVEL})
 
 # An NDK has liblog, but neither libcutils nor its header.
-set(ZELTARN_PLATFORM "" CACHE PATH
-  "On Android without a platform tree: a folder with include/cutils/properties.h and lib/libcutils.so")
-if(ANDROID AND ZELTARN_PLATFORM)
+if(ANDROID)
+  set(ZELTARN_PLATFORM "" CACHE PATH
+    "Folder with include/cutils/properties.h and lib/libcutils.so, for want of a platform tree")
+endif()
+if(ZELTARN_PLATFORM)
   foreach(file include/cutils/properties.h lib/libcutils.so)
     if(NOT EXISTS ${ZELTARN_PLATFORM}/${file})
       message(FATAL_ERROR "${ZELTARN_PLATFORM}/${file} not found: see docs/building-for-android.md")

@@ -202,7 +202,7 @@ class Android(unittest.TestCase):
             for option, arguments in (("-c", 0), ("-MD", 0), ("-MF", 1), ("-o", 1)):
                 place = words.index(option)
                 del words[place:place + arguments + 1]
-            run("clang++", "-fsyntax-only", "-I.", f"-I{ROOT}/devkit/platform/include",
+            run("clang++", "-fsyntax-only", "-Werror", "-I.", f"-I{ROOT}/devkit/platform/include",
                 *(w for folder in headers for w in ("-isystem", folder)), *words, cwd=self.tree)
 
 
