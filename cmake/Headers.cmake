@@ -23,6 +23,7 @@ target_sources(zeltarn_headers INTERFACE FILE_SET HEADERS BASE_DIRS ${PROJECT_SO
   modes/mode_op_params.h
   pcc/pcc_config.h
   pcc/pcc_merge.h
+  plugin/block_names.h
   plugin/names.h)
 # For a CMake before 3.23 outside, which knows no file sets.
 target_include_directories(zeltarn_headers INTERFACE

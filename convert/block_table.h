@@ -9,7 +9,7 @@
 #include "convert/gamut_gamma_config.h"
 #include "convert/pa_de_config.h"
 #include "pcc/pcc_config.h"
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 
 namespace zeltarn::layout {
 

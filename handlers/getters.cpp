@@ -5,7 +5,7 @@
 
 #include "plugin/checks.h"
 #include "plugin/log.h"
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {

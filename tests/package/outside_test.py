@@ -158,7 +158,7 @@ class Outside(unittest.TestCase):
 
     def test_BlockTables(self):
         """The comments' tables of blocks say what the records are."""
-        names = (self.headers / "plugin/names.h").read_text()
+        names = (self.headers / "plugin/block_names.h").read_text()
         for umbrella, side in zip(UMBRELLAS, ("velaricolor", "tarn")):
             rows = re.findall(r'^// +("\w+") +(\w+) +(\d+)$',
                               (self.headers / umbrella).read_text(), re.M)
