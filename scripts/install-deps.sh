@@ -15,6 +15,7 @@ packages=(
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
   gnuplot-nox libpng-dev                      # zelctl's pictures
   libbenchmark-dev                            # bench
+  python3-numpy python3-pil                   # the judge of colours in tests
   pkgconf python3                             # tests of what is installed
 )
 if [ "${1:-}" = verify ]; then

@@ -14,6 +14,9 @@
 
 namespace tarn::reference {
 
+// Component of a colour at full range.
+inline constexpr double kPccRange = 255;
+
 // Exponents of red, green and blue.
 using Exponents = std::array<uint8_t, 3>;
 

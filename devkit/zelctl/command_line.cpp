@@ -148,6 +148,11 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("PATH");
   command->add_option("--arg", arguments->arg, "Text for Init; default: the path of --panel")
       ->type_name("TEXT");
+  command
+      ->add_option("--timeout", arguments->timeout,
+                   "Seconds that a library may take for a rule; default 10")
+      ->check(CLI::Range(1U, 3600U).description(""))
+      ->type_name("SECONDS");
   command->footer(kValidateHelp);
   command->callback([&globals, arguments] { RunValidate(globals, *arguments); });
 }

@@ -25,26 +25,27 @@ std::string FindByName(const std::string& name, const std::string& plugin) {
 
 template <typename Subject>
 void Validate(const GlobalOptions& globals, const std::optional<std::string>& path,
-              const std::string& arg, const std::vector<Rule<Subject>>& rules, RuleReport* report) {
+              const std::string& arg, std::chrono::seconds limit,
+              const std::vector<Rule<Subject>>& rules, RuleReport* report) {
   // Absolute: the loader searches for a bare file name.
-  Subject subject(path ? std::filesystem::absolute(*path).string()
-                       : FindByName(Subject::kFile, globals.session.plugin),
-                  arg);
-  RunRules(rules, &subject, report);
+  const std::string file = path ? std::filesystem::absolute(*path).string()
+                                : FindByName(Subject::kFile, globals.session.plugin);
+  RunRules(rules, file, arg, limit, report);
 }
 
 }  // namespace
 
 void RunValidate(const GlobalOptions& globals, const ValidateArguments& arguments) {
-  const auto& [parser, algo, arg] = arguments;
+  const auto& [parser, algo, arg, timeout] = arguments;
   if (parser) RequireReadable(*parser, "parser");
   if (algo) RequireReadable(*algo, "algorithm library");
   if (!arg) RequireReadable(globals.session.panel, "panel");
   const std::string text = arg.value_or(globals.session.panel);
 
-  RuleReport report(globals.json, &std::cout);
-  if (parser || !algo) Validate(globals, parser, text, ParserRules(), &report);
-  if (algo || !parser) Validate(globals, algo, text, AlgoRules(), &report);
+  RuleReport report(globals.json, globals.session.log_level.has_value(), &std::cout);
+  const std::chrono::seconds limit(timeout);
+  if (parser || !algo) Validate(globals, parser, text, limit, ParserRules(), &report);
+  if (algo || !parser) Validate(globals, algo, text, limit, AlgoRules(), &report);
   report.Finish();
 }
 

@@ -49,11 +49,12 @@ ComposeError ComposeRow(const zeltarn::PccRow& trans, const Monomials& monomials
   }
   *result = {};
   for (const auto& [exponents, coefficient] : sum) {
-    if (!coefficient.IsExact()) return ComposeError::kOutOfRange;
+    const double value = coefficient.Value();
+    if (!coefficient.IsExact() || !std::isfinite(value)) return ComposeError::kOutOfRange;
     if (coefficient.IsZero()) continue;
     const auto* term = std::find(kPccExponents.begin(), kPccExponents.end(), exponents);
     if (term == kPccExponents.end()) return ComposeError::kNotRepresentable;
-    (*result)[static_cast<size_t>(term - kPccExponents.begin())] = coefficient.Value();
+    (*result)[static_cast<size_t>(term - kPccExponents.begin())] = value;
   }
   return ComposeError::kNone;
 }

@@ -13,8 +13,6 @@ struct Dimensions {
   zeltarn::TableDimensions gamut = zeltarn::kDefaultGamut;
 };
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target,
-                           const zeltarn::TableDimensions& size);
 HwConfigPayload IgcBlock(const Panel& panel, const Target& target,
                          const zeltarn::TableDimensions& size);
 HwConfigPayload GcBlock(const Panel& panel, const zeltarn::TableDimensions& size);

@@ -8,6 +8,7 @@
 #include "devkit/reference/gamut_lut.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
+#include "devkit/reference/parser/gamut_table.h"
 #include "handlers/post_blend_hw_config.h"
 #include "interface/result_codes.h"
 
@@ -65,6 +66,7 @@ std::string OutOfRange(const Table& table, const char* what, uint32_t value, uin
 int ModeParser::Init(const std::string& arg) {
   try {
     panel_ = ReadPanel(arg);
+    for (const std::string& note : panel_->notes) LogInfo(kTag, note);
     return kOk;
   } catch (const PanelError& error) {
     return Refuse(error.what());

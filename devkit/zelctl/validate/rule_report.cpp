@@ -1,6 +1,8 @@
 #include "devkit/zelctl/validate/rule_report.h"
 
 #include <algorithm>
+#include <iostream>
+#include <sstream>
 #include <stdexcept>
 
 namespace zelctl {
@@ -26,9 +28,18 @@ std::string OneLine(std::string text) {
   return text;
 }
 
+// On the other stream, set off from the lines of rules.
+void PrintLibrarysOwn(const std::string& printed) {
+  std::istringstream lines(printed);
+  for (std::string line; std::getline(lines, line);) {
+    std::cerr << "    the library: " << OneLine(line) << '\n';
+  }
+}
+
 }  // namespace
 
-RuleReport::RuleReport(bool json, std::ostream* out) : json_(json), out_(out) {
+RuleReport::RuleReport(bool json, bool all_printed, std::ostream* out)
+    : json_(json), all_printed_(all_printed), out_(out) {
   if (!json_) PrintLine("LIBRARY", "RULE", "RESULT", "SEEN");
 }
 
@@ -39,7 +50,17 @@ void RuleReport::PrintLine(const std::string& library, const std::string& rule,
         << std::flush;
 }
 
-void RuleReport::Add(const std::string& library, const std::string& rule, const Finding& finding) {
+void RuleReport::PrintSkipped() {
+  const auto& [library, seen, rules] = skipped_;
+  if (rules.empty()) return;
+  const std::string rule = rules.size() == 1 ? rules[0] : std::to_string(rules.size()) + " rules";
+  PrintLine(library, rule, kResults[static_cast<size_t>(Verdict::kSkipped)], seen);
+  skipped_ = {};
+}
+
+void RuleReport::Add(const std::string& library, const std::string& rule,
+                     const RuleProcess::Outcome& outcome) {
+  const Finding& finding = outcome.finding;
   const auto verdict = static_cast<size_t>(finding.verdict);
   ++counts_[verdict];
   if (json_) {
@@ -47,12 +68,20 @@ void RuleReport::Add(const std::string& library, const std::string& rule, const 
                       {"rule", rule},
                       {"result", kResults[verdict]},
                       {"seen", finding.seen}});
+  } else if (finding.verdict == Verdict::kSkipped) {
+    if (skipped_.library != library || skipped_.seen != finding.seen) PrintSkipped();
+    skipped_.library = library;
+    skipped_.seen = finding.seen;
+    skipped_.rules.push_back(rule);
   } else {
+    PrintSkipped();
     PrintLine(library, rule, kResults[verdict], OneLine(finding.seen));
   }
+  if (finding.verdict == Verdict::kFailed || all_printed_) PrintLibrarysOwn(outcome.printed);
 }
 
 void RuleReport::Finish() {
+  if (!json_) PrintSkipped();
   Json counts;
   std::string line;
   for (size_t i = 0; i < counts_.size(); ++i) {
