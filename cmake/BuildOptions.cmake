@@ -68,10 +68,16 @@ if(NOT ZELTARN_SANITIZER)
   target_link_options(zel_options INTERFACE -Wl,-z,defs)
 endif()
 
-# Leaves SYMBOL as the only exported name of the shared library TARGET.
+# Leaves what the version script FILE names as the only exported names of the shared
+# library TARGET.
+function(zel_export TARGET FILE)
+  target_link_options(${TARGET} PRIVATE -Wl,--version-script=${FILE})
+  set_target_properties(${TARGET} PROPERTIES LINK_DEPENDS ${FILE})
+endfunction()
+
+# The same for one SYMBOL.
 function(zel_export_only TARGET SYMBOL)
   set(script ${CMAKE_CURRENT_BINARY_DIR}/${TARGET}.map)
   file(CONFIGURE OUTPUT ${script} CONTENT "{ global: @SYMBOL@; local: *; };\n" @ONLY)
-  target_link_options(${TARGET} PRIVATE -Wl,--version-script=${script})
-  set_target_properties(${TARGET} PROPERTIES LINK_DEPENDS ${script})
+  zel_export(${TARGET} ${script})
 endfunction()

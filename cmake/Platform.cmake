@@ -18,3 +18,20 @@ option(ZELTARN_TESTS "Build the tests" ${zel_whole_default})
 option(ZELTARN_BENCH "Build the benchmark" ${zel_whole_default})
 option(ZELTARN_FUZZ "Build the fuzzers; needs the devkit" OFF)
 option(ZELTARN_INSTALL "Say what `cmake --install` installs" ${PROJECT_IS_TOP_LEVEL})
+
+# An NDK has liblog, but neither libcutils nor its header.
+if(ANDROID)
+  set(ZELTARN_PLATFORM "" CACHE PATH
+    "Folder with include/cutils/properties.h and lib/libcutils.so, for want of a platform tree")
+endif()
+if(ZELTARN_PLATFORM)
+  foreach(file include/cutils/properties.h lib/libcutils.so)
+    if(NOT EXISTS ${ZELTARN_PLATFORM}/${file})
+      message(FATAL_ERROR "${ZELTARN_PLATFORM}/${file} not found: see docs/building-for-android.md")
+    endif()
+  endforeach()
+  add_library(cutils SHARED IMPORTED)
+  set_target_properties(cutils PROPERTIES
+    IMPORTED_LOCATION ${ZELTARN_PLATFORM}/lib/libcutils.so
+    INTERFACE_INCLUDE_DIRECTORIES ${ZELTARN_PLATFORM}/include)
+endif()

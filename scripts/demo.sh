@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Builds what is missing, and switches the colour modes of the sample panel.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/demo.sh
+source "$(dirname "$0")/prelude.sh"
 
 # Shows a command and its output; of the log, only errors.
 show() {
