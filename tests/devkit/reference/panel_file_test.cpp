@@ -142,6 +142,13 @@ TEST(PanelFile, IsAsTheGuideSays) {
   const std::string smallest = guide.str().substr(start, guide.str().find("```", start) - start);
   EXPECT_EQ(RefusalOf(smallest), "");
 
+  const size_t measured = guide.str().find(fence + "\"transfer\": {") + fence.size();
+  std::string with_ramps = kPanel;
+  const std::string by_name = R"("transfer": "srgb")";
+  with_ramps.replace(with_ramps.find(by_name), by_name.size(),
+                     guide.str().substr(measured, guide.str().find("```", measured) - measured));
+  EXPECT_EQ(RefusalOf(with_ramps), "") << with_ramps;
+
   const struct {
     std::string text;  // in the description above
     std::string other;
