@@ -59,7 +59,15 @@ void ZelTarnImpl::StartUp(const std::string& arg) {
   }
   FetchModesList();
   if (mode_parser_status_ != kOk) return;
-  if (LoadTarnAlgoLib(arg) != kOk) ZEL_LOGI_AS(1, kLoggedAs, "Pcc merging not supported");
+
+  // The library is optional: whatever leaves it, the host's Init goes on.
+  int ret = kErrInvalid;
+  try {
+    ret = LoadTarnAlgoLib(arg);
+  } catch (...) {
+    algo_intf_.reset();
+  }
+  if (ret != kOk) ZEL_LOGI_AS(1, kLoggedAs, "Pcc merging not supported");
 }
 
 void ZelTarnImpl::FetchModesList() {

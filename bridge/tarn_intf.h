@@ -3,16 +3,22 @@
 //
 // Tags:
 //   [start-up]  on the plug-in's start-up thread, while the host is in Init.
-//   [call]      on a host thread, under the plug-in's lock: calls never overlap.
-//               Don't call the plug-in back, the lock is not recursive.
+//   [call]      on a host thread, under the plug-in object's lock: calls for one
+//               plug-in object never overlap. Each plug-in object has library
+//               objects of its own; what those share inside the library, the
+//               library guards. Don't call the plug-in back, its lock is not
+//               recursive.
 //
 // An operation returns 0, or a non-zero code of the library's own. Allocation
-// failure is the only exception that may leave one.
+// failure is the only exception that may leave one; it reaches the host as it is,
+// but for DeInit and for all of the algorithm library's start-up, where the plug-in
+// takes any exception for a failure.
 //
-// Envelopes and the records in them belong to the plug-in and live for the
-// call. What a library puts into a list of an output record (strings, shared
-// pointers to typed records) passes to the plug-in, which drops it before the
-// host's call returns and always before the library is closed.
+// Envelopes and the records in them belong to the plug-in. An input record lives as
+// long as the answer to it: an answer may point into its request. What a library
+// puts into a list of an output record (strings, shared pointers to typed records)
+// passes to the plug-in, which drops it before the host's call returns and always
+// before the library is closed.
 #pragma once
 
 #include <string>
@@ -25,8 +31,10 @@ namespace tarn {
 // Both libraries offer the same slots; the two destructor slots come first.
 class LibraryIntf {
  public:
-  // [call] or, when start-up failed, in Init after the start-up thread ended.
-  // DeInit need not have been called before.
+  // On the host thread that destroys the plug-in object, without its lock, or that
+  // calls Init: a second one, or one whose start-up failed. An algorithm object
+  // whose Init failed is destroyed on the start-up thread at once. DeInit need not
+  // have been called before.
   virtual ~LibraryIntf() = default;
 
   // [start-up] Once per object, first. `arg` is the host's text. A parser's code
@@ -34,7 +42,8 @@ class LibraryIntf {
   // plug-in goes on without merging. Either way the object is destroyed.
   virtual int Init(const std::string& arg) = 0;
 
-  // [call] May be repeated; the object stays alive. The result is ignored.
+  // [call] May be repeated; the object stays alive. The result is ignored, and so is
+  // whatever it throws.
   virtual int DeInit() = 0;
 
   // [call] Parser: the three dimension records; the code becomes the host's result.

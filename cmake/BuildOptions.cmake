@@ -21,8 +21,12 @@ set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_CXX_VISIBILITY_PRESET hidden)
 set(CMAKE_VISIBILITY_INLINES_HIDDEN ON)
 set(CMAKE_POSITION_INDEPENDENT_CODE ON)
-set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/lib)
-set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+if(NOT CMAKE_LIBRARY_OUTPUT_DIRECTORY)
+  set(CMAKE_LIBRARY_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/lib)
+endif()
+if(NOT CMAKE_RUNTIME_OUTPUT_DIRECTORY)
+  set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/bin)
+endif()
 
 # Libraries look beside themselves, programs in the lib folder; RUNPATH rather
 # than RPATH, so that LD_LIBRARY_PATH still wins.
@@ -38,13 +42,17 @@ if(ZELTARN_SANITIZER)
   add_link_options(-fsanitize=${ZELTARN_SANITIZER})
 endif()
 
+option(ZELTARN_WERROR "Treat warnings as errors, as the presets do" OFF)
+
 add_library(zel_options INTERFACE)
 target_include_directories(zel_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(zel_options INTERFACE
-  -Wall -Wextra -Werror -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
+  $<$<BOOL:${ZELTARN_WERROR}>:-Werror>
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wold-style-cast
   -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wcast-qual -Wformat=2 -Wnull-dereference
   -Wimplicit-fallthrough -Wextra-semi -Wundef -Wvla
-  # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere.
+  # Each product rounds on its own, on Arm too: colour results are bit-equal everywhere,
+  # but for the bits of a NaN.
   -ffp-contract=off
   -fstack-protector-strong
   # What a call costs must not hang on where the linker happens to put it.
@@ -54,14 +62,22 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
 endif()
 target_link_options(zel_options INTERFACE -Wl,-z,relro,-z,now -Wl,-z,noexecstack)
 if(NOT ZELTARN_SANITIZER)
-  target_compile_options(zel_options INTERFACE $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=2>)
+  set(zel_optimised $<CONFIG:Release,RelWithDebInfo,MinSizeRel>)
+  target_compile_options(zel_options INTERFACE
+    $<${zel_optimised}:-U_FORTIFY_SOURCE> $<${zel_optimised}:-D_FORTIFY_SOURCE=2>)
   target_link_options(zel_options INTERFACE -Wl,-z,defs)
 endif()
 
-# Leaves SYMBOL as the only exported name of the shared library TARGET.
+# Leaves what the version script FILE names as the only exported names of the shared
+# library TARGET.
+function(zel_export TARGET FILE)
+  target_link_options(${TARGET} PRIVATE -Wl,--version-script=${FILE})
+  set_target_properties(${TARGET} PROPERTIES LINK_DEPENDS ${FILE})
+endfunction()
+
+# The same for one SYMBOL.
 function(zel_export_only TARGET SYMBOL)
   set(script ${CMAKE_CURRENT_BINARY_DIR}/${TARGET}.map)
   file(CONFIGURE OUTPUT ${script} CONTENT "{ global: @SYMBOL@; local: *; };\n" @ONLY)
-  target_link_options(${TARGET} PRIVATE -Wl,--version-script=${script})
-  set_target_properties(${TARGET} PROPERTIES LINK_DEPENDS ${script})
+  zel_export(${TARGET} ${script})
 endfunction()

@@ -1,5 +1,10 @@
 # The boundary records depend on libc++, so clang++ is picked unless the caller
-# names a compiler. Included before project().
+# names a compiler. Included before project(). A project around this one has chosen
+# for both.
+if(NOT CMAKE_SOURCE_DIR STREQUAL CMAKE_CURRENT_SOURCE_DIR)
+  return()
+endif()
+
 if(NOT CMAKE_CXX_COMPILER AND "$ENV{CXX}" STREQUAL "" AND NOT CMAKE_TOOLCHAIN_FILE)
   find_program(ZEL_CLANGXX NAMES clang++ clang++-14)
   if(NOT ZEL_CLANGXX)

@@ -35,11 +35,13 @@ struct GameBlobPostBlendConfig {
 
 ZEL_DECLARE_SIDES(HdrBlobPostBlendConfig)
 ZEL_PIN_SIZE(HdrBlobPostBlendConfig, tarn::HdrBlobPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(HdrBlobPostBlendConfig, 8);
 ZEL_PIN_FIELD(HdrBlobPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(HdrBlobPostBlendConfig, blob, 8);
 
 ZEL_DECLARE_SIDES(GameBlobPostBlendConfig)
 ZEL_PIN_SIZE(GameBlobPostBlendConfig, tarn::GameBlobPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(GameBlobPostBlendConfig, 8);
 ZEL_PIN_FIELD(GameBlobPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(GameBlobPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(GameBlobPostBlendConfig, blob, 8);

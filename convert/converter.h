@@ -3,25 +3,42 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 
 #include "convert/hw_config_payload.h"
 #include "convert/make_record.h"
+#include "plugin/checks.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
 
+// Capacity for `size` elements. Growing stays out of line, so that it costs nothing
+// where there is room.
+template <typename List>
+[[gnu::cold, gnu::noinline]] void Grow(size_t size, List* list) {
+  list->reserve(size);
+}
+template <typename List>
+void MakeRoomFor(size_t size, List* list) {
+  if (list->capacity() < size) Grow(size, list);
+}
+
 // Converts the typed record of `in` into that of `out`, in place where `out` has
 // one already (of the same block: its owner made it for the same name), and logs
 // under `function`. `out` bears the block's name, found by it or made with it. Up to
-// and including the precondition a refusal leaves `out` as it was.
-//   precondition(from)  0, or the result of the refused call
-//   make()              a new record in shared ownership, blank but for what copy fills
-//   copy(from, to)      the block's fields; `enable` has been copied
-template <template <typename> class Config, typename Precondition, typename Make, typename Copy>
+// and including the precondition a refusal leaves `out` as it was, and so does running
+// out of memory: a new record joins it when it is filled, and one that is kept has room
+// before the first write.
+//   precondition(from)   0, or the result of the refused call
+//   make()               a new record in shared ownership, blank but for what copy fills
+//   make_room(from, to)  capacity in a record that is kept
+//   copy(from, to)       the block's fields; `enable` has been copied
+template <template <typename> class Config, typename Precondition, typename Make, typename MakeRoom,
+          typename Copy>
 int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
                  velaricolor::HwConfigPayload* out, Precondition precondition, Make make,
-                 Copy copy) {
+                 MakeRoom make_room, Copy copy) {
   if (out == nullptr) {
     ZEL_LOGE_AS(function, "Invalid parameters");
     return kErrInvalid;
@@ -34,24 +51,35 @@ int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
   const auto& from = *static_cast<const Config<tarn::LibrarySide>*>(in.payload.get());
   if (const int ret = precondition(from); ret != kOk) return ret;
 
-  out->len = in.len;
-  if (out->payload == nullptr) out->payload = make();
-  auto* const to = static_cast<Config<HostSide>*>(out->payload.get());
-  if (to == nullptr) {
+  const auto fill = [&](Config<HostSide>* to) {
+    if constexpr (requires { to->enable; }) to->enable = IsSet(from.enable);
+    copy(from, to);
+  };
+  if (auto* const kept = static_cast<Config<HostSide>*>(out->payload.get()); kept != nullptr) {
+    make_room(from, kept);
+    out->len = in.len;
+    fill(kept);
+    return kOk;
+  }
+  std::shared_ptr<Config<HostSide>> made = make();
+  if (made == nullptr) {
+    out->len = in.len;
     ZEL_LOGE_AS(function, "out_cfg is nullptr");
     return kErrInvalid;
   }
-  if constexpr (requires { to->enable; }) to->enable = from.enable;
-  copy(from, to);
+  fill(made.get());
+  out->len = in.len;
+  out->payload = std::move(made);
   return kOk;
 }
 
-// The same without a precondition, with a new record of the block's type.
+// The same for a record of fixed size, without a precondition.
 template <template <typename> class Config, typename Copy>
 int ConvertBlock(const char* function, const tarn::HwConfigPayload& in,
                  velaricolor::HwConfigPayload* out, Copy copy) {
   return ConvertBlock<Config>(
-      function, in, out, [](const auto&) { return kOk; }, MakeRecordToFill<Config<HostSide>>, copy);
+      function, in, out, [](const auto& /*from*/) { return kOk; },
+      MakeRecordToFill<Config<HostSide>>, [](const auto& /*from*/, auto* /*to*/) {}, copy);
 }
 
 }  // namespace velaricolor

@@ -1,4 +1,4 @@
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {

@@ -10,7 +10,7 @@
 namespace zeltarn::layout {
 
 template <typename Side>
-struct DitherPostBlendConfig {
+struct alignas(8) DitherPostBlendConfig {
   static constexpr uint32_t kVersion = 96;
 
   uint32_t version = kVersion;
@@ -21,7 +21,7 @@ struct DitherPostBlendConfig {
 
 // As large as the gamma record: only the block name tells the two apart.
 template <typename Side>
-struct PaDitherPostBlendConfig {
+struct alignas(8) PaDitherPostBlendConfig {
   static constexpr uint32_t kVersion = 88;
 
   uint32_t version = kVersion;
@@ -34,12 +34,14 @@ struct PaDitherPostBlendConfig {
 
 ZEL_DECLARE_SIDES(DitherPostBlendConfig)
 ZEL_PIN_SIZE(DitherPostBlendConfig, tarn::DitherPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(DitherPostBlendConfig, 8);
 ZEL_PIN_FIELD(DitherPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(DitherPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(DitherPostBlendConfig, params, 8);
 
 ZEL_DECLARE_SIDES(PaDitherPostBlendConfig)
 ZEL_PIN_SIZE(PaDitherPostBlendConfig, tarn::PaDitherPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(PaDitherPostBlendConfig, 8);
 ZEL_PIN_FIELD(PaDitherPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PaDitherPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PaDitherPostBlendConfig, words, 8);

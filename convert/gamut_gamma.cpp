@@ -25,11 +25,14 @@ int ConvertGammaLists(const char* function, uint32_t entries, const tarn::HwConf
     return kOk;
   };
   const auto make = [=] { return std::make_shared<GammaPostBlendConfig>(entries); };
+  const auto make_room = [=](const auto& /*from*/, GammaPostBlendConfig* to) {
+    for (auto* list : {&to->c0, &to->c1, &to->c2}) MakeRoomFor(entries, list);
+  };
   const auto fill = [=](const std::vector<uint32_t>& from, std::vector<uint32_t>* to) {
     to->assign(from.data(), from.data() + entries);
   };
   return ConvertBlock<zeltarn::layout::GammaPostBlendConfig>(
-      function, in, out, precondition, make,
+      function, in, out, precondition, make, make_room,
       [&](const tarn::GammaPostBlendConfig& from, GammaPostBlendConfig* to) {
         fill(from.c0, &to->c0);
         fill(from.c1, &to->c1);

@@ -13,7 +13,7 @@ namespace zeltarn::layout {
 // 3D look-up table of the gamut mapping. Its inner layout is defined between
 // the mode parser and the host.
 template <typename Side>
-struct GamutPostBlendConfig {
+struct alignas(8) GamutPostBlendConfig {
   static constexpr uint32_t kVersion = 117936;
 
   uint32_t version = kVersion;
@@ -52,12 +52,14 @@ struct GammaPostBlendConfig {
 
 ZEL_DECLARE_SIDES(GamutPostBlendConfig)
 ZEL_PIN_SIZE(GamutPostBlendConfig, tarn::GamutPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(GamutPostBlendConfig, 8);
 ZEL_PIN_FIELD(GamutPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(GamutPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(GamutPostBlendConfig, lut_data, 8);
 
 ZEL_DECLARE_SIDES(GammaPostBlendConfig)
 ZEL_PIN_SIZE(GammaPostBlendConfig, tarn::GammaPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(GammaPostBlendConfig, 8);
 ZEL_PIN_FIELD(GammaPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(GammaPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(GammaPostBlendConfig, c0, 8);

@@ -16,7 +16,11 @@ namespace zeltarn::layout {
 // std::make_shared, and it is all zero.
 //
 // Every typed record begins with a `version` that equals its own size, and all
-// but the HDR blob's have `enable` next.
+// but the HDR blob's have `enable` next. All are aligned to 8 bytes, whatever their
+// opaque bytes turn out to hold.
+//
+// `enable` is one byte. The plug-in takes any value but 0 as true, and hands out
+// 0 or 1.
 //
 // The record's deleter is code of the library that made it, which must stay
 // loaded while any payload shares it.
@@ -34,6 +38,7 @@ struct HwConfigPayload {
 
 ZEL_DECLARE_SIDES(HwConfigPayload)
 ZEL_PIN_SIZE(HwConfigPayload, tarn::HwConfigPayload::kVersion);
+ZEL_PIN_ALIGNMENT(HwConfigPayload, 8);
 ZEL_PIN_FIELD(HwConfigPayload, version, 0);
 ZEL_PIN_FIELD(HwConfigPayload, hw_block, 8);
 ZEL_PIN_FIELD(HwConfigPayload, payload, 32);

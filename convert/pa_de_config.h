@@ -21,7 +21,7 @@ struct PaSubParams {
 };
 
 template <typename Side>
-struct PaPostBlendConfig {
+struct alignas(8) PaPostBlendConfig {
   static constexpr uint32_t kVersion = 9568;
 
   uint32_t version = kVersion;
@@ -37,7 +37,7 @@ struct PaPostBlendConfig {
 };
 
 template <typename Side>
-struct DePostBlendConfig {
+struct alignas(8) DePostBlendConfig {
   static constexpr uint32_t kVersion = 48;
 
   uint32_t version = kVersion;
@@ -50,6 +50,7 @@ struct DePostBlendConfig {
 
 ZEL_DECLARE_SIDES(PaSubParams)
 ZEL_PIN_SIZE(PaSubParams, 84);
+ZEL_PIN_ALIGNMENT(PaSubParams, 4);
 ZEL_PIN_FIELD(PaSubParams, ints_a, 0);
 ZEL_PIN_FIELD(PaSubParams, floats, 12);
 ZEL_PIN_FIELD(PaSubParams, ints_b, 20);
@@ -59,6 +60,7 @@ ZEL_PIN_FIELD(PaSubParams, triple2, 72);
 
 ZEL_DECLARE_SIDES(PaPostBlendConfig)
 ZEL_PIN_SIZE(PaPostBlendConfig, tarn::PaPostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(PaPostBlendConfig, 8);
 ZEL_PIN_FIELD(PaPostBlendConfig, version, 0);
 ZEL_PIN_FIELD(PaPostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(PaPostBlendConfig, i_params, 8);
@@ -69,6 +71,7 @@ ZEL_PIN_FIELD(PaPostBlendConfig, tail_table, 344);
 
 ZEL_DECLARE_SIDES(DePostBlendConfig)
 ZEL_PIN_SIZE(DePostBlendConfig, tarn::DePostBlendConfig::kVersion);
+ZEL_PIN_ALIGNMENT(DePostBlendConfig, 8);
 ZEL_PIN_FIELD(DePostBlendConfig, version, 0);
 ZEL_PIN_FIELD(DePostBlendConfig, enable, 4);
 ZEL_PIN_FIELD(DePostBlendConfig, params, 8);

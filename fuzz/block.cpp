@@ -1,19 +1,15 @@
 #include "fuzz/block.h"
 
+#include <algorithm>
 #include <bit>
-#include <tuple>
 
-#include "convert/blob_config.h"
-#include "convert/dither_config.h"
-#include "convert/gamut_gamma_config.h"
-#include "convert/pa_de_config.h"
+#include "convert/block_table.h"
 
 namespace zeltarn::fuzz {
 
 namespace {
 
-// Spelt out, so that a constant that changed is noticed. First those that are
-// known, in the order of their records.
+// Spelt out, so that a constant that changed is noticed. First those that are known.
 const std::array<std::string, 24> kNames = {
     "PostBlendPCC",       "PostBlendIGC",     "PostBlendGC",       "PostBlendPa",
     "PostBlendGamut",     "PostBlendDither",  "PostBlendPaDither", "PostBlendHdrBlob",
@@ -22,22 +18,26 @@ const std::array<std::string, 24> kNames = {
     "PostBlend",          "PostBlendPC",      "PostBlendPCC ",     "postBlendPCC",
     "PostBlendPCCX",      "PostBlendPaDithe", "PostBlendIgc",      {"PostBlendPCC\0", 13}};
 
-template <typename Side>
-using Records =
-    std::tuple<layout::PccPostBlendConfig<Side>, layout::GammaPostBlendConfig<Side>,
-               layout::GammaPostBlendConfig<Side>, layout::PaPostBlendConfig<Side>,
-               layout::GamutPostBlendConfig<Side>, layout::DitherPostBlendConfig<Side>,
-               layout::PaDitherPostBlendConfig<Side>, layout::HdrBlobPostBlendConfig<Side>,
-               layout::GameBlobPostBlendConfig<Side>, layout::DePostBlendConfig<Side>, uint8_t>;
-
 // Calls `visit` with a null pointer to the type of the record that belongs to
-// `name`; the last type is that of unknown names.
-template <typename Side, size_t I = 0, typename Visit>
+// `name`; of unknown names that is a single byte.
+template <typename Side, typename Visit>
 auto WithRecord(const std::string& name, Visit visit) {
-  if constexpr (I + 1 < std::tuple_size_v<Records<Side>>) {
-    if (name != kNames[I]) return WithRecord<Side, I + 1>(name, visit);
-  }
-  return visit(static_cast<std::tuple_element_t<I, Records<Side>>*>(nullptr));
+  auto result = visit(static_cast<uint8_t*>(nullptr));
+  layout::ForEachBlock([&]<template <typename> class Config>(const std::string& block) {
+    if (block == name) result = visit(static_cast<Config<Side>*>(nullptr));
+  });
+  return result;
+}
+
+// A block that is missing above would never be tried.
+const std::string& AnyName(Input* input) {
+  [[maybe_unused]] static const bool complete = [] {
+    layout::ForEachBlock([]<template <typename> class Config>(const std::string& block) {
+      Require(std::find(kNames.begin(), kNames.end(), block) != kNames.end(), block.c_str());
+    });
+    return true;
+  }();
+  return input->OneOf(kNames);
 }
 
 constexpr size_t kHeaderBytes = 8;  // version, enable and padding
@@ -45,7 +45,9 @@ constexpr size_t kHeaderBytes = 8;  // version, enable and padding
 template <typename Record>
 std::shared_ptr<Record> MakeRecord(const Content& content) {
   auto record = std::make_shared<Record>();
-  if constexpr (requires { record->enable; }) record->enable = content.enable;
+  if constexpr (requires { record->enable; }) {
+    std::memcpy(&record->enable, &content.enable, sizeof content.enable);
+  }
   if constexpr (requires { record->coeffs; }) {
     record->coeffs = content.coeffs;
   } else if constexpr (requires { record->c0; }) {
@@ -68,7 +70,7 @@ bool Holds(const Record& found, const Content& content) {
     if (found.version != Record::kVersion) return false;
   }
   if constexpr (requires { found.enable; }) {
-    if (found.enable != content.enable) return false;
+    if (std::memcmp(&found.enable, &content.enable, sizeof content.enable) != 0) return false;
   }
   if constexpr (requires { found.coeffs; }) {
     return Same(found.coeffs, content.coeffs);
@@ -86,7 +88,7 @@ bool Holds(const Record& found, const Content& content) {
   return true;
 }
 
-bool SameRow(const PccRow& a, const PccRow& b) {
+bool SameRow(const zeltarn::PccRow& a, const zeltarn::PccRow& b) {
   return std::equal(a.begin(), a.end(), b.begin(), [](double x, double y) {
     return (x != x && y != y) || std::bit_cast<uint64_t>(x) == std::bit_cast<uint64_t>(y);
   });
@@ -105,11 +107,12 @@ bool IsKnown(const std::string& name) {
 
 Block ReadBlock(Input* input) {
   constexpr std::array<uint32_t, 4> kEntries = {1024, 257, 1, 2048};
-  Block block = {.version = input->Near(56), .name = input->OneOf(kNames), .content = nullptr};
+  Block block = {.version = input->Near(56), .name = AnyName(input), .content = nullptr};
   block.len = input->Byte();
   if (input->Seldom()) return block;
   block.content = std::make_shared<Content>();
-  block.content->enable = input->Below(2) == 0;
+  const uint8_t enable = input->Byte();
+  block.content->enable = enable >= 0xE0 ? enable : static_cast<uint8_t>(1 - enable % 2);
   block.content->filling = input->Byte();
   if (block.name == "PostBlendPCC") block.content->coeffs = input->Pcc();
   if (block.name == "PostBlendIGC" || block.name == "PostBlendGC") {

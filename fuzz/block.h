@@ -13,7 +13,7 @@ namespace zeltarn::fuzz {
 
 // What a typed record holds; of each block, only what its record has.
 struct Content {
-  bool enable = false;
+  uint8_t enable = 0;  // any byte; all but 0 are true
   pcc_coeff_data coeffs = {};
   std::array<size_t, 3> entries = {};  // of the gamma blocks' lists
   uint8_t filling = 0;                 // all bytes, or entries, of everything else

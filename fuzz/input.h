@@ -1,5 +1,5 @@
-// A fuzzer's input, read from front to back. Behind its end all is 0, which
-// every reading takes for the ordinary case.
+// A fuzzer's input, read from front to back. After its end every byte is 0, which
+// all readings take for the ordinary case.
 #pragma once
 
 #include <algorithm>
@@ -66,10 +66,10 @@ class Input {
 
   // The identity, or a matrix of random 3x3 part, offsets too, or all terms.
   pcc_coeff_data Pcc() {
-    constexpr std::array<size_t, 4> kEnd = {0, 4, 4, kPccTerms};
+    constexpr std::array<size_t, 4> kEnd = {0, 4, 4, zeltarn::kPccTerms};
     const size_t kind = Below(kEnd.size());
     pcc_coeff_data pcc = {.reserved = {Byte()}, .r = {0, 1}, .g = {0, 0, 1}, .b = {0, 0, 0, 1}};
-    for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+    for (zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
       for (size_t term = kind == 1 ? 1 : 0; term < kEnd[kind]; ++term) (*row)[term] = Number();
     }
     return pcc;

@@ -16,7 +16,7 @@ Libraries& TheLibraries() {
 pcc_coeff_data Merged(const pcc_coeff_data& trans, const pcc_coeff_data& active) {
   pcc_coeff_data merged = active;
   merged.reserved[7] = 7;
-  for (size_t term = 0; term < kPccTerms; ++term) {
+  for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     merged.r[term] += 2.0 * trans.r[term];
     merged.g[term] += 2.0 * trans.g[term];
     merged.b[term] += 2.0 * trans.b[term];

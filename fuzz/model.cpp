@@ -54,8 +54,8 @@ Block* Find(const std::string& name, List* list) {
 // `active` first, then the 3x3 part of `transform`.
 pcc_coeff_data Product(const pcc_coeff_data& transform, const pcc_coeff_data& active) {
   pcc_coeff_data product = transform;
-  for (PccRow* row : {&product.r, &product.g, &product.b}) {
-    const PccRow t = *row;
+  for (zeltarn::PccRow* row : {&product.r, &product.g, &product.b}) {
+    const zeltarn::PccRow t = *row;
     for (size_t j = 0; j < 11; ++j) {
       (*row)[j] = (t[1] * active.r[j] + t[2] * active.g[j]) + t[3] * active.b[j];
     }
@@ -154,10 +154,10 @@ int Model::ProcessOps(uint32_t op, const VcPayload& in, const VcPayload* out, Li
   last_ltm_enable_ = ltm_.enable;
   if (Block* const pcc = Find("PostBlendPCC", list); pcc != nullptr && pcc->content != nullptr) {
     pcc_coeff_data& coeffs = pcc->content->coeffs;
-    for (PccRow* row : {&coeffs.r, &coeffs.g, &coeffs.b}) {
+    for (zeltarn::PccRow* row : {&coeffs.r, &coeffs.g, &coeffs.b}) {
       for (double& term : *row) term = term * dimming_;
     }
-    pcc->content->enable = true;
+    pcc->content->enable = 1;
   }
   needs_update_ = false;
   return 0;
@@ -167,7 +167,7 @@ void Model::Fold(bool enable, const pcc_coeff_data& transform, List* list) {
   Block* const pcc = Find("PostBlendPCC", list);
   if (pcc == nullptr) {
     const auto content = std::make_shared<Content>();
-    content->enable = enable;
+    content->enable = enable ? 1 : 0;
     if (enable) content->coeffs = transform;
     list->blocks.push_back({.name = "PostBlendPCC", .content = content, .len = 280});
     return;
@@ -179,14 +179,15 @@ void Model::Fold(bool enable, const pcc_coeff_data& transform, List* list) {
   }
   Content& block = *pcc->content;
   pcc_coeff_data result = transform;
-  if (block.enable && algo_ready_) {
+  if (block.enable != 0 && algo_ready_) {
     ++calls_;
     if (TheLibraries().merge_results.at(merges_++) == 0) result = Merged(transform, block.coeffs);
-  } else if (block.enable && transform.r[0] == 0 && transform.g[0] == 0 && transform.b[0] == 0) {
+  } else if (block.enable != 0 && transform.r[0] == 0 && transform.g[0] == 0 &&
+             transform.b[0] == 0) {
     result = Product(transform, block.coeffs);
   }
   block.coeffs = result;
-  block.enable = true;
+  block.enable = 1;
 }
 
 // Stops at the first block that can't be converted.
@@ -204,6 +205,7 @@ int Model::Convert(List* list) const {
 int Model::ConvertBlock(const Block& from, Block* to) const {
   if (!IsKnown(from.name) || to->version != 56 || from.content == nullptr) return kInvalid;
   Content content = *from.content;
+  content.enable = content.enable != 0 ? 1 : 0;
   if (from.name == "PostBlendIGC" || from.name == "PostBlendGC") {
     const uint32_t wanted = from.name == "PostBlendIGC" ? igc_entries_ : gc_entries_;
     for (size_t& entries : content.entries) {

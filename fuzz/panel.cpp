@@ -4,12 +4,15 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <algorithm>
+#include <bit>
 #include <cmath>
 #include <memory>
 #include <string>
 
 #include "bridge/tarn_intf.h"
 #include "convert/gamut_gamma_config.h"
+#include "devkit/reference/gamut_lut.h"
 #include "fuzz/input.h"
 #include "modes/mode_op_params.h"
 
@@ -35,8 +38,13 @@ void RequireAnswer(tarn::ModeParserIntf* parser, const tarn::ColorMode& mode) {
   Require(answer.payloads.size() >= 4, "gamut, IGC, GC and PCC");
   Require(RecordAt<tarn::GammaPostBlendConfig>(answer, 1).c2.size() == 257, "IGC table");
   Require(RecordAt<tarn::GammaPostBlendConfig>(answer, 2).c2.size() == 1024, "GC table");
+  const auto& gamut = RecordAt<tarn::GamutPostBlendConfig>(answer, 0).lut_data;
+  const auto lut = std::bit_cast<tarn::reference::GamutLut>(gamut);
+  for (const auto& node : lut.nodes) {
+    Require(*std::max_element(node.begin(), node.end()) <= 4095, "gamut codes of 12 bits");
+  }
   const pcc_coeff_data& pcc = RecordAt<tarn::PccPostBlendConfig>(answer, 3).coeffs;
-  for (const PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+  for (const zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
     for (const double term : *row) Require(std::isfinite(term), "PCC matrix");
   }
 }

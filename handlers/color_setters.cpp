@@ -17,7 +17,7 @@ bool IsIdentity(const ColorTransformMatrix& transform) {
 
 // Row `row` of the matrix, stored column by column, as a PCC row. A PCC offset
 // is in units of 1/255.
-PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
+zeltarn::PccRow ToPccRow(const ColorTransformMatrix& transform, size_t row) {
   const auto element = [&](size_t column) -> double { return transform.matrix[column * 4 + row]; };
   return {element(3) * 255.0, element(0), element(1), element(2)};
 }
@@ -45,7 +45,7 @@ int ZelTarnImpl::SetLtmPccConfig(const VcPayload& payload) {
     return RefuseLength<PccPostBlendConfig>(payload, __func__);
   }
   const auto& ltm = *RecordOf<const PccPostBlendConfig>(payload);
-  ltm_pcc_config_.enable = ltm.enable;
+  ltm_pcc_config_.enable = IsSet(ltm.enable);
   ltm_pcc_config_.coeffs = ltm.coeffs;
   ZEL_LOGI(2, "Set ltm PCC config enable %d", static_cast<int>(ltm_pcc_config_.enable));
   needs_update_ = true;

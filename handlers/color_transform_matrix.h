@@ -20,6 +20,7 @@ struct ColorTransformMatrix {
 };
 
 static_assert(sizeof(ColorTransformMatrix) == ColorTransformMatrix::kVersion);
+static_assert(alignof(ColorTransformMatrix) == 4);
 static_assert(offsetof(ColorTransformMatrix, version) == 0);
 static_assert(offsetof(ColorTransformMatrix, matrix) == 4);
 

@@ -15,7 +15,7 @@ struct ZelTarnImpl::DimensionBlock {
   PostBlendHwConfig ZelTarnImpl::*config;
   uint32_t version;  // of the block's typed record, as the parser expects it
   tarn::ZelProperty parser_prop;
-  bool bounded;  // 1 to kMaxGammaEntries; else any count
+  bool bounded;  // 1 to zeltarn::kMaxGammaEntries; else any count
 };
 
 int ZelTarnImpl::SetPostBlendGamutConfig(const VcPayload& payload) {
@@ -55,15 +55,16 @@ int ZelTarnImpl::SetDimensions(const DimensionBlock& block, const VcPayload& pay
     if (ret != kOk) return ret;
   }
 
-  // Both copies first: running out of memory changes nothing. Lists are assigned,
-  // for libc++ 14 leaks what a copy constructor had made when it ran out.
+  // Copies first, the parser's only where there is one: running out of memory changes
+  // nothing. Lists are assigned, for libc++ 14 leaks what a copy constructor had made
+  // when it ran out.
   zeltarn::layout::HwAttributes attributes;
   attributes = wanted.attributes;
   tarn::PostBlendHwConfig forwarded = {.version = block.version,
                                        .num_of_entries = wanted.num_of_entries,
                                        .bit_depth = wanted.bit_depth,
                                        .attributes = {}};
-  forwarded.attributes = wanted.attributes;
+  if (mode_parser_intf_ != nullptr) forwarded.attributes = wanted.attributes;
   PostBlendHwConfig& config = this->*block.config;
   config.num_of_entries = wanted.num_of_entries;
   config.bit_depth = wanted.bit_depth;

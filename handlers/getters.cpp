@@ -5,7 +5,7 @@
 
 #include "plugin/checks.h"
 #include "plugin/log.h"
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {
@@ -41,7 +41,9 @@ int ZelTarnImpl::GetSupportHwAssets(VcPayload* payload) {
              static_cast<ssize_t>(sizeof(Names)));
     return kErrInvalid;
   }
-  RecordOf<Names>(*payload)->assign({kPostBlendGamut, kPostBlendIGC, kPostBlendGC});
+  auto* const names = RecordOf<Names>(*payload);
+  names->clear();  // releases the host's strings, where assigning would keep their room
+  names->assign({kPostBlendGamut, kPostBlendIGC, kPostBlendGC});
   return kOk;
 }
 

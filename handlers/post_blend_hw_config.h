@@ -11,8 +11,13 @@
 
 namespace zeltarn::layout {
 
-// Named entries, each a name, a flag and a pair of numbers. Passed through.
-using HwAttributes = std::vector<std::tuple<std::string, bool, std::pair<long, long>>>;
+// Named entries, each a name, a flag and a pair of signed 64-bit numbers. Passed
+// through. An element's layout is part of the contract: 48 bytes, the name at
+// offset 0, the flag at 24, the pair at 32.
+using HwAttribute = std::tuple<std::string, bool, std::pair<long, long>>;
+using HwAttributes = std::vector<HwAttribute>;
+ZEL_PIN(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8,
+        "HwAttribute changed");
 
 // Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
 // `version` is not looked at; towards the parser it is the version of the
@@ -28,6 +33,8 @@ struct PostBlendHwConfig {
 
 }  // namespace zeltarn::layout
 
+namespace zeltarn {
+
 // The longest table that the gamma and inverse-gamma blocks take.
 inline constexpr uint32_t kMaxGammaEntries = 1024;
 
@@ -40,8 +47,11 @@ inline constexpr TableDimensions kDefaultInverseGamma = {257, 12};
 inline constexpr TableDimensions kDefaultGamma = {1024, 10};
 inline constexpr TableDimensions kDefaultGamut = {17, 12};
 
+}  // namespace zeltarn
+
 ZEL_DECLARE_SIDES(PostBlendHwConfig)
 ZEL_PIN_SIZE(PostBlendHwConfig, 40);
+ZEL_PIN_ALIGNMENT(PostBlendHwConfig, 8);
 ZEL_PIN_FIELD(PostBlendHwConfig, version, 0);
 ZEL_PIN_FIELD(PostBlendHwConfig, num_of_entries, 4);
 ZEL_PIN_FIELD(PostBlendHwConfig, bit_depth, 8);

@@ -23,13 +23,24 @@ struct Payload {
 // An envelope around `record`. The record must outlive the call it is made for.
 template <typename Side, typename T>
 Payload<Side> Wrap(T* record, uint32_t prop) {
-  return {.len = sizeof(T), .prop = prop, .payload = record};
+  Payload<Side> envelope;
+  envelope.len = sizeof(T);
+  envelope.prop = prop;
+  envelope.payload = record;
+  return envelope;
 }
 
 }  // namespace zeltarn::layout
 
 namespace velaricolor {
 using VcPayload = zeltarn::layout::Payload<HostSide>;
+
+// An envelope for a call of the plug-in, of the record's exact length; operations carry
+// no property. The plug-in does not write to a record that is set, nor to a request.
+template <typename T>
+VcPayload Wrap(T* record, int32_t prop = 0) {
+  return zeltarn::layout::Wrap<HostSide>(record, static_cast<uint32_t>(prop));
+}
 }  // namespace velaricolor
 
 namespace tarn {
@@ -45,12 +56,12 @@ TarnPayload Wrap(T* record, uint32_t prop = 0) {
 namespace zeltarn::layout {
 
 template <typename Envelope>
-constexpr bool kEnvelopeIsPinned =
-    sizeof(Envelope) == Envelope::kVersion&& offsetof(Envelope, version) == 0 &&
-    offsetof(Envelope, len) == 4 && offsetof(Envelope, prop) == 8 &&
-    offsetof(Envelope, payload) == 16;
+constexpr bool kEnvelopeIsPinned = sizeof(Envelope) == Envelope::kVersion &&
+                                   alignof(Envelope) == 8 && offsetof(Envelope, version) == 0 &&
+                                   offsetof(Envelope, len) == 4 && offsetof(Envelope, prop) == 8 &&
+                                   offsetof(Envelope, payload) == 16;
 
 }  // namespace zeltarn::layout
 
-static_assert(zeltarn::layout::kEnvelopeIsPinned<velaricolor::VcPayload>);
-static_assert(zeltarn::layout::kEnvelopeIsPinned<tarn::TarnPayload>);
+ZEL_PIN(zeltarn::layout::kEnvelopeIsPinned<velaricolor::VcPayload>, "VcPayload changed");
+ZEL_PIN(zeltarn::layout::kEnvelopeIsPinned<tarn::TarnPayload>, "TarnPayload changed");

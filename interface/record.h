@@ -1,11 +1,11 @@
 // One definition, two types.
 //
-// Most boundary records travel twice: from one of the run-time libraries to
-// the plug-in (namespace tarn) and from the plug-in to the host (namespace
-// velaricolor), with the same layout both times. Each is written once, as a
-// template over its side, so that the two can't drift apart, and still gives
-// two distinct types, so that handing the one where the other belongs does not
-// compile.
+// Most boundary records cross both boundaries, in either direction: between the
+// host and the plug-in (namespace velaricolor) and between the plug-in and one of
+// the run-time libraries (namespace tarn), with the same layout on both sides.
+// Each is written once, as a template over its side, so that the two can't drift
+// apart, and still gives two distinct types, so that handing the one where the
+// other belongs does not compile.
 //
 // Layouts are those of the platform's standard library on a 64-bit machine:
 // 8-byte pointers, 24-byte strings and vectors, 16-byte shared pointers.
@@ -24,6 +24,25 @@ namespace tarn {
 struct LibrarySide;
 }  // namespace tarn
 
+namespace zeltarn::layout {
+
+inline constexpr bool k64Bit = sizeof(void*) == 8;
+inline constexpr bool kLibcxx = sizeof(std::string) == 24 && sizeof(std::vector<int>) == 24 &&
+                                sizeof(std::shared_ptr<void>) == 16;
+static_assert(__cplusplus >= 201703L, "zeltarn's headers need C++17 or later: -std=c++17");
+static_assert(k64Bit, "zeltarn's boundary records are those of a 64-bit machine");
+static_assert(kLibcxx || !k64Bit,
+              "zeltarn's boundary records embed strings, vectors and shared pointers of libc++: "
+              "build with clang++ -stdlib=libc++");
+
+// Where one of these fails, its message says all; the pins stay silent then.
+inline constexpr bool kLayoutKnown = k64Bit && kLibcxx;
+
+}  // namespace zeltarn::layout
+
+// The macros below are those of the record headers alone: not undefined at the end, for
+// every record header needs them again.
+
 // Names both types of the record template zeltarn::layout::Record. Used at
 // global scope, beside the definition.
 #define ZEL_DECLARE_SIDES(Record)                        \
@@ -34,16 +53,17 @@ struct LibrarySide;
   using Record = ::zeltarn::layout::Record<LibrarySide>; \
   }
 
-// Pin the size of a record, and the place of a field, on both sides.
-#define ZEL_PIN_SIZE(Record, bytes)                                                        \
-  static_assert(sizeof(velaricolor::Record) == (bytes) && sizeof(tarn::Record) == (bytes), \
-                #Record " changed its size")
-#define ZEL_PIN_FIELD(Record, field, offset)                        \
-  static_assert(offsetof(velaricolor::Record, field) == (offset) && \
-                    offsetof(tarn::Record, field) == (offset),      \
-                #Record "::" #field " moved")
+#define ZEL_PIN(condition, text) \
+  static_assert(!::zeltarn::layout::kLayoutKnown || (condition), text)
 
-static_assert(sizeof(void*) == 8, "the boundary records are those of a 64-bit machine");
-static_assert(sizeof(std::string) == 24, "build against libc++: its strings are 24 bytes");
-static_assert(sizeof(std::vector<int>) == 24, "vectors are 24 bytes");
-static_assert(sizeof(std::shared_ptr<void>) == 16, "shared pointers are 16 bytes");
+// Pin the size and alignment of a record, and the place of a field, on both sides.
+#define ZEL_PIN_SIZE(Record, bytes)                                                  \
+  ZEL_PIN(sizeof(velaricolor::Record) == (bytes) && sizeof(tarn::Record) == (bytes), \
+          #Record " changed its size")
+#define ZEL_PIN_ALIGNMENT(Record, bytes)                                               \
+  ZEL_PIN(alignof(velaricolor::Record) == (bytes) && alignof(tarn::Record) == (bytes), \
+          #Record " changed its alignment")
+#define ZEL_PIN_FIELD(Record, field, offset)                  \
+  ZEL_PIN(offsetof(velaricolor::Record, field) == (offset) && \
+              offsetof(tarn::Record, field) == (offset),      \
+          #Record "::" #field " moved")

@@ -43,7 +43,8 @@ enum VcProperty : int32_t {
   kVcDisplayCalibrationMode = 12,
   kVcLtmPccConfig = 13,
   // The panel's global dither blocks, updated in the record by name. Nothing is
-  // written where the parser fails.
+  // written where the parser fails; where a block can't be converted (-22), those
+  // before it have been.
   kVcPbDitherHwConfig = 14,
   // Names of the blocks whose tables may be dimensioned, replacing the list.
   kVcSupportHwAssets = 2048,

@@ -4,15 +4,17 @@
 // Init once, then the three entry points, and destroys the object with delete.
 //
 // Tags say when and from where a call may come:
-//   [any host thread]  calls are serialised inside by one lock, which is held
-//                      for the whole call, calls into the libraries included.
-//                      It is not recursive: don't call back from a library.
+//   [any host thread]  calls on one object are serialised by its lock, which is
+//                      held for the whole call, calls into the libraries
+//                      included. It is not recursive: don't call back from a
+//                      library. Each object has a lock of its own.
 //   [initialised]      refused with -22 before an Init has returned 0 and
 //                      after DeInit.
 //   [exclusive]        no other call on the object may be running.
 //
-// Results are 0 or a code of result_codes.h. The only exception that leaves a
-// call is the standard allocation failure.
+// Results are 0 or a code of result_codes.h. If the libraries keep their promises,
+// the only exception that leaves a call is the standard allocation failure. Whatever
+// leaves one, the lock is free and the object can be used.
 #pragma once
 
 #include <string>
@@ -26,7 +28,8 @@ namespace velaricolor {
 // Operations in the order of their slots; the two destructor slots come first.
 class VcPostBlendInterface {
  public:
-  // [exclusive] Destroys the library objects, then closes the libraries.
+  // [exclusive] Destroys the library objects, without the lock, then closes the
+  // libraries.
   //
   // Records that the plug-in handed out (every HwConfigPayload::payload) are
   // owned by shared pointers whose deleters are code of libzeltarn.so. They may
@@ -40,11 +43,13 @@ class VcPostBlendInterface {
   // missing or failing algorithm library is not a failure. A second call starts
   // afresh: the old library objects are destroyed, the mode list is rebuilt,
   // settings stay. Should that fail, an initialised object stays initialised,
-  // with no modes: operations return 0 and touch nothing.
+  // with no modes: operations return 0 and touch nothing. One that was not
+  // initialised, or was de-initialised, stays so.
   virtual int Init(const std::string& arg) = 0;
 
   // [any host thread] Tells both libraries to de-initialise; closes nothing,
-  // forgets no setting. Always 0, also twice in a row.
+  // forgets no setting. Always 0, also twice in a row and whatever the libraries
+  // answer or throw.
   virtual int DeInit() = 0;
 
   // [any host thread, initialised] Sets the property `payload.prop` from the
@@ -62,7 +67,9 @@ class VcPostBlendInterface {
   // [any host thread, initialised] Runs `op`: reads the record of `in`, writes
   // that of `out`. An output record may be passed again: entries are updated by
   // name, in place, and none is removed. With no modes, returns 0 and touches
-  // nothing. Returns 0, -22 (also for a null `out`), -95, or (software assets
+  // nothing. Running out of memory may leave blocks of the old mode beside those of
+  // the new; no entry is half of each, but the PCC block may lack a colour step.
+  // Returns 0, -22 (also for a null `out`), -95, or (software assets
   // only) the mode parser's own code; a parser that fails a render intent shows in
   // the log alone.
   virtual int ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) = 0;

@@ -34,6 +34,7 @@ struct ColorModeList {
 
 ZEL_DECLARE_SIDES(ColorMode)
 ZEL_PIN_SIZE(ColorMode, 64);
+ZEL_PIN_ALIGNMENT(ColorMode, 8);
 ZEL_PIN_FIELD(ColorMode, gamut, 0);
 ZEL_PIN_FIELD(ColorMode, gamma, 4);
 ZEL_PIN_FIELD(ColorMode, intent, 8);
@@ -42,5 +43,6 @@ ZEL_PIN_FIELD(ColorMode, label, 40);
 
 ZEL_DECLARE_SIDES(ColorModeList)
 ZEL_PIN_SIZE(ColorModeList, 32);
+ZEL_PIN_ALIGNMENT(ColorModeList, 8);
 ZEL_PIN_FIELD(ColorModeList, version, 0);
 ZEL_PIN_FIELD(ColorModeList, modes, 8);

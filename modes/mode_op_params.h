@@ -26,7 +26,7 @@ struct ModeRenderInputParams {
   std::vector<std::string> hw_assets;
   // Blank until filled. The host's label never reaches the parser: there it
   // stays empty.
-  ColorMode<Side> mode = {.gamut = 0, .gamma = 0, .intent = 0, .hw_assets = {}, .label = {}};
+  ColorMode<Side> mode = {0, 0, 0, 0, {}, {}};
   uint8_t aux_enable = 0;
   std::array<uint8_t, 3> padding1 = {};
   alignas(4) std::array<uint8_t, kAuxDataBytes> aux_data;
@@ -48,6 +48,7 @@ struct HwConfigOutputParams {
 
 ZEL_DECLARE_SIDES(ModeRenderInputParams)
 ZEL_PIN_SIZE(ModeRenderInputParams, tarn::ModeRenderInputParams::kVersion);
+ZEL_PIN_ALIGNMENT(ModeRenderInputParams, 8);
 ZEL_PIN_FIELD(ModeRenderInputParams, version, 0);
 ZEL_PIN_FIELD(ModeRenderInputParams, hw_assets, 8);
 ZEL_PIN_FIELD(ModeRenderInputParams, mode, 32);
@@ -57,5 +58,6 @@ ZEL_PIN_FIELD(ModeRenderInputParams, aux_word, 2904);
 
 ZEL_DECLARE_SIDES(HwConfigOutputParams)
 ZEL_PIN_SIZE(HwConfigOutputParams, tarn::HwConfigOutputParams::kVersion);
+ZEL_PIN_ALIGNMENT(HwConfigOutputParams, 8);
 ZEL_PIN_FIELD(HwConfigOutputParams, version, 0);
 ZEL_PIN_FIELD(HwConfigOutputParams, payloads, 8);

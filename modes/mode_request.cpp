@@ -23,18 +23,17 @@ int ZelTarnImpl::CheckModeRecords(const VcPayload& in, const VcPayload& out, con
 }
 
 int ZelTarnImpl::AskModeParser(tarn::ZelOps op, const ModeRenderInputParams& request,
-                               const char* function, tarn::HwConfigOutputParams* answer) {
-  tarn::ModeRenderInputParams asked;  // blank but for aux_data, which is copied whole
-  ConvertModeRenderInputParams(request, &asked);
-  const tarn::TarnPayload input = tarn::Wrap(&asked);
-  tarn::TarnPayload output = tarn::Wrap(answer);
+                               const char* function, ParserRecords* records) {
+  ConvertModeRenderInputParams(request, &records->request);
+  const tarn::TarnPayload input = tarn::Wrap(&records->request);
+  tarn::TarnPayload output = tarn::Wrap(&records->answer);
 
   const int ret = mode_parser_intf_->ProcessOps(op, input, &output);
   if (ret == kOk) {
-    ZEL_LOGI_AS(2, function,
-                "Successfully with mode (gamut %d, gamma %d, intent %d), output Hw configs %d",
-                static_cast<int>(request.mode.gamut), static_cast<int>(request.mode.gamma),
-                static_cast<int>(request.mode.intent), static_cast<int>(answer->payloads.size()));
+    ZEL_LOGI_AS(
+        2, function, "Successfully with mode (gamut %d, gamma %d, intent %d), output Hw configs %d",
+        static_cast<int>(request.mode.gamut), static_cast<int>(request.mode.gamma),
+        static_cast<int>(request.mode.intent), static_cast<int>(records->answer.payloads.size()));
   }
   return ret;
 }

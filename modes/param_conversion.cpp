@@ -57,9 +57,9 @@ int ZelTarnImpl::ConvertNew(HwConfigConverter converter, const tarn::HwConfigPay
   HwConfigPayload fresh = {.hw_block = payload.hw_block};
   if (const int ret = (this->*converter)(payload, &fresh); ret != kOk) return ret;
 
-  // Room for all of an answer's blocks at once, when the first is new.
+  // Room for all that can be new in this answer at once: a name that has a converter.
   if (out->payloads.size() == out->payloads.capacity()) {
-    out->payloads.reserve(out->payloads.size() + answered);
+    out->payloads.reserve(out->payloads.size() + std::min(answered, hw_config_converters_.size()));
   }
   out->payloads.push_back(std::move(fresh));
   return kOk;

@@ -13,10 +13,10 @@ int ZelTarnImpl::ProcessModeRenderIntent(const VcPayload& in, VcPayload* out) {
   // A failed parser is no reason to show the wrong colours: what it answered is
   // converted, the colour steps run on whatever blocks there are, and the host
   // sees success.
-  tarn::HwConfigOutputParams answer;
-  const int ret = AskModeParser(tarn::kZelModeRenderIntent, request, __func__, &answer);
+  ParserRecords records;
+  const int ret = AskModeParser(tarn::kZelModeRenderIntent, request, __func__, &records);
   if (ret != kOk) ZEL_LOGE("Failed to process kVcModeRenderIntent, ret %d", ret);
-  ConvertHwConfigOutputParams(answer, params);
+  ConvertHwConfigOutputParams(records.answer, params);
 
   // The order is fixed: colour transform, LTM, dimming.
   if (color_transform_active_) ApplyColorTransform(true, &color_transform_pcc_, params);

@@ -10,10 +10,10 @@ int ZelTarnImpl::ProcessModeSwAssets(const VcPayload& in, VcPayload* out) {
   if (const int ret = CheckModeRecords(in, *out, __func__); ret != kOk) return ret;
   const auto& request = *RecordOf<const ModeRenderInputParams>(in);
 
-  tarn::HwConfigOutputParams answer;
-  const int ret = AskModeParser(tarn::kZelModeSwAssets, request, __func__, &answer);
+  ParserRecords records;
+  const int ret = AskModeParser(tarn::kZelModeSwAssets, request, __func__, &records);
   if (ret != kOk) ZEL_LOGE("Failed to process kVcModeSwAssets, ret %d", ret);
-  ConvertHwConfigOutputParams(answer, RecordOf<HwConfigOutputParams>(*out));
+  ConvertHwConfigOutputParams(records.answer, RecordOf<HwConfigOutputParams>(*out));
   return ret;
 }
 

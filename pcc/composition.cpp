@@ -5,6 +5,7 @@
 #include "pcc/pcc_arithmetic.h"
 #include "pcc/pcc_block.h"
 #include "pcc/pcc_merge.h"
+#include "plugin/checks.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"
 
@@ -12,7 +13,7 @@ namespace velaricolor {
 
 namespace {
 
-// A 3x3 product has no place for constant offsets.
+// A 3x3 product has no place for the transform's offsets; the active matrix's it carries.
 bool HasOffset(const pcc_coeff_data& pcc) {
   return pcc.r[0] != 0.0 || pcc.g[0] != 0.0 || pcc.b[0] != 0.0;
 }
@@ -45,10 +46,11 @@ int ZelTarnImpl::ApplyColorTransform(bool enable, const pcc_coeff_data* pcc,
   // Where nothing can be composed, the transform alone stands.
   pcc_coeff_data result = *pcc;
   const pcc_coeff_data active = block->coeffs;
-  if (block->enable && algo_init_done_) {
+  const bool enabled = IsSet(block->enable);
+  if (enabled && algo_init_done_) {
     ZEL_LOGI(2, "pcc multiply by libtarn-algo");
     ColorIntfPCCMultiply(pcc, &active, &result);
-  } else if (block->enable && !HasOffset(*pcc)) {
+  } else if (enabled && !HasOffset(*pcc)) {
     ZEL_LOGI(2, "libtarn-algo not initialized, using 3x3 pcc multiplication");
     Color3x3PCCMultiply(pcc, &active, &result);
   }

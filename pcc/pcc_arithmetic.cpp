@@ -5,9 +5,9 @@ namespace velaricolor {
 namespace {
 
 // By value, so that the compiler need not fear that the result overlaps.
-PccRow ProductRow(const PccRow& trans, const pcc_coeff_data& active) {
-  PccRow row;
-  for (size_t term = 0; term < kPccTerms; ++term) {
+zeltarn::PccRow ProductRow(const zeltarn::PccRow& trans, const pcc_coeff_data& active) {
+  zeltarn::PccRow row;
+  for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     row[term] = (trans[1] * active.r[term] + trans[2] * active.g[term]) + trans[3] * active.b[term];
   }
   return row;
@@ -22,7 +22,7 @@ void Multiply3x3(const pcc_coeff_data& trans, const pcc_coeff_data& active, pcc_
 }
 
 void Scale(double factor, pcc_coeff_data* pcc) {
-  for (PccRow* const row : {&pcc->r, &pcc->g, &pcc->b}) {
+  for (zeltarn::PccRow* const row : {&pcc->r, &pcc->g, &pcc->b}) {
     for (double& term : *row) term *= factor;
   }
 }

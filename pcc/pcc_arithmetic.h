@@ -1,6 +1,7 @@
 // Arithmetic on PCC matrices, in double precision. Every product rounds on its
 // own (the build forbids contraction) and sums are formed in the order written,
-// so that results are bit-equal on every machine.
+// so that results are bit-equal on every machine, but for which NaN comes out where
+// one does.
 #pragma once
 
 #include "pcc/pcc_config.h"

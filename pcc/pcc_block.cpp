@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "convert/find_block.h"
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 
 namespace velaricolor {
 

@@ -27,10 +27,12 @@ struct PccMergeOutput {
 };
 
 static_assert(sizeof(PccMergeInput) == PccMergeInput::kVersion);
+ZEL_PIN(alignof(PccMergeInput) == 8, "PccMergeInput changed its alignment");
 static_assert(offsetof(PccMergeInput, version) == 0);
 static_assert(offsetof(PccMergeInput, trans) == 8);
 static_assert(offsetof(PccMergeInput, active) == 280);
 static_assert(sizeof(PccMergeOutput) == PccMergeOutput::kVersion);
+ZEL_PIN(alignof(PccMergeOutput) == 8, "PccMergeOutput changed its alignment");
 static_assert(offsetof(PccMergeOutput, version) == 0);
 static_assert(offsetof(PccMergeOutput, result) == 8);
 

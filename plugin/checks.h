@@ -1,7 +1,10 @@
-// Tests that every record passes before it is used.
+// Tests that envelopes and records pass before a handler uses them.
 #pragma once
 
 #include <sys/types.h>
+
+#include <cstdint>
+#include <cstring>
 
 #include "handlers/post_blend_hw_config.h"
 #include "interface/payload.h"
@@ -28,9 +31,17 @@ template <typename T>
 
 // The test of a gamma or inverse-gamma table's length.
 inline int CheckGammaEntries(uint32_t num_of_entries, const char* function) {
-  if (num_of_entries >= 1 && num_of_entries <= kMaxGammaEntries) return kOk;
+  if (num_of_entries >= 1 && num_of_entries <= zeltarn::kMaxGammaEntries) return kOk;
   ZEL_LOGE_AS(function, "Invalid of num_of_entries %d", static_cast<int>(num_of_entries));
   return kErrInvalid;
+}
+
+// A flag that comes from outside: any byte but 0 is true. Read as a byte, for a bool
+// that holds another than 0 or 1 has no meaning to the compiler.
+inline bool IsSet(const bool& flag) {
+  uint8_t byte = 0;
+  std::memcpy(&byte, &flag, sizeof byte);
+  return byte != 0;
 }
 
 // The record in an envelope that has passed its test.

@@ -61,12 +61,12 @@ int ZelTarnImpl::ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) {
              static_cast<const void*>(out));
     return kErrInvalid;
   }
-  const OpsFunc handler = recent_op_.Find(ops_funcs_, op);
-  if (handler == nullptr) {
+  const auto handler = ops_funcs_.find(op);
+  if (handler == ops_funcs_.end()) {
     ZEL_LOGE("Invalid ops %d", static_cast<int>(op));
     return kErrUnsupported;
   }
-  return (this->*handler)(in, out);
+  return (this->*handler->second)(in, out);
 }
 
 }  // namespace velaricolor

@@ -7,7 +7,7 @@
 
 // Included before the level's definition: inline variables defined earlier in
 // this file are constructed before it, so the names exist once the level does.
-#include "plugin/names.h"
+#include "plugin/block_names.h"
 
 namespace velaricolor {
 

@@ -1,26 +1,12 @@
-// The vocabulary shared with the host and the mode parser: names of hardware
-// blocks, keys and values of colour-mode attributes. Compared exactly, letter
-// case included. Code uses these constants, never a literal of its own.
+// The vocabulary shared with the host and the mode parser: names of hardware blocks,
+// keys and values of colour-mode attributes. Compared exactly, letter case included.
 #pragma once
 
 #include <string>
 
-namespace velaricolor {
+#include "plugin/block_names.h"
 
-// Hardware blocks.
-inline const std::string kPostBlendGamut = "PostBlendGamut";
-inline const std::string kPostBlendIGC = "PostBlendIGC";
-inline const std::string kPostBlendGC = "PostBlendGC";
-inline const std::string kPostBlendCWBDither = "PostBlendCWBDither";
-inline const std::string kPostBlendHdrBlob = "PostBlendHdrBlob";
-inline const std::string kHwCapIgcDither = "HwCapIgcDither";
-inline const std::string kPostBlendPCC = "PostBlendPCC";
-inline const std::string kPostBlendPa = "PostBlendPa";
-inline const std::string kPostBlendDither = "PostBlendDither";
-inline const std::string kPostBlendPaDither = "PostBlendPaDither";
-inline const std::string kPostBlendDE = "PostBlendDE";
-inline const std::string kPostBlendGameBlob = "PostBlendGameBlob";
-inline const std::string kPostBlendMixerGc = "PostBlendMixerGc";
+namespace velaricolor {
 
 // Colour-mode attribute keys. The plug-in passes modes through and compares
 // with none of them, nor with the values below.

@@ -11,7 +11,9 @@ template <typename Key>
 bool Same(const Key& a, const Key& b) {
   return a == b;
 }
-inline bool Same(const std::string& a, const std::string& b) { return SameName(a, b); }
+inline bool Same(const std::string& block, const std::string& name) {
+  return SameName(name, block);
+}
 
 // The entry of `Table`, which is never empty, that was found last. It is a copy,
 // for the table's nodes lie apart and have left the cache by the next mode switch:

@@ -7,14 +7,14 @@
 
 namespace velaricolor {
 
-// a == b, inline: word by word and the last word first, for block names begin
-// alike and end differently. A call of memcmp would cost more than it compares.
-inline bool SameName(const std::string& a, const std::string& b) {
-  const size_t size = a.size();
-  if (size != b.size()) return false;
-  if (size < sizeof(uint64_t)) return a == b;
+// Whether `name` is that of a hardware block: name == block, inline, word by word and
+// the last word first, for block names begin alike and end differently. A call of
+// memcmp would cost more than it compares. Every block name is a word long at least.
+inline bool SameName(const std::string& name, const std::string& block) {
+  const size_t size = block.size();
+  if (size != name.size()) return false;
 
-  const auto same_word = [x = a.data(), y = b.data()](size_t place) {
+  const auto same_word = [x = name.data(), y = block.data()](size_t place) {
     uint64_t word_x = 0;
     uint64_t word_y = 0;
     std::memcpy(&word_x, x + place, sizeof word_x);

@@ -6,11 +6,21 @@ namespace velaricolor {
 
 namespace {
 
-PostBlendHwConfig Dimensions(uint32_t version, const TableDimensions& table) {
+PostBlendHwConfig Dimensions(uint32_t version, const zeltarn::TableDimensions& table) {
   return {.version = version,
           .num_of_entries = table.num_of_entries,
           .bit_depth = table.bit_depth,
           .attributes = {}};
+}
+
+// Neither the library's result nor what it throws can keep the object, or the other
+// library, from ending.
+void TellToDeInit(tarn::LibraryIntf* library) {
+  if (library == nullptr) return;
+  try {
+    library->DeInit();
+  } catch (...) {  // NOLINT(bugprone-empty-catch)
+  }
 }
 
 }  // namespace
@@ -38,20 +48,18 @@ ZelTarnImpl::ZelTarnImpl()
           {kVcModeSwAssets, &ZelTarnImpl::ProcessModeSwAssets},
       },
       hw_config_converters_(MakeConverterTable()),
-      inverse_gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultInverseGamma)),
-      gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, kDefaultGamma)),
-      gamut_hw_config_(Dimensions(GamutPostBlendConfig::kVersion, kDefaultGamut)) {}
+      inverse_gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, zeltarn::kDefaultInverseGamma)),
+      gamma_hw_config_(Dimensions(GammaPostBlendConfig::kVersion, zeltarn::kDefaultGamma)),
+      gamut_hw_config_(Dimensions(GamutPostBlendConfig::kVersion, zeltarn::kDefaultGamut)) {}
 
 // An object's code lives in its library, which the handles close only later.
 ZelTarnImpl::~ZelTarnImpl() { ReleaseLibraryObjects(); }
 
 int ZelTarnImpl::DeInit() {
   const std::lock_guard lock(lock_);
-  if (mode_parser_intf_ != nullptr) mode_parser_intf_->DeInit();
-  if (algo_intf_ != nullptr) {
-    algo_intf_->DeInit();
-    algo_init_done_ = false;
-  }
+  TellToDeInit(mode_parser_intf_.get());
+  TellToDeInit(algo_intf_.get());
+  algo_init_done_ = false;
   init_done_ = false;
   return kOk;
 }

@@ -27,10 +27,10 @@ namespace velaricolor {
 // Its members are defined in the folder of their subject: bridge/ (start-up and
 // libraries), modes/, convert/, pcc/ and handlers/.
 //
-// Everything below the public calls runs under lock_. thread_handler and what it
-// calls (StartUp, FetchModesList, LoadTarnAlgoLib) run on the start-up thread
-// while Init holds lock_ and waits. No member is atomic: that thread is joined
-// before Init reads on.
+// Everything that a call reaches runs under lock_; constructor and destructor take
+// no lock. thread_handler and what it calls (StartUp, FetchModesList,
+// LoadTarnAlgoLib) run on the start-up thread while Init holds lock_ and waits. No
+// member is atomic: that thread is joined before Init reads on.
 class ZelTarnImpl final : public VcPostBlendInterface {
  public:
   // Loads nothing, starts nothing, logs nothing.
@@ -74,8 +74,14 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   int ProcessModeRenderIntent(const VcPayload& in, VcPayload* out);
   int ProcessModeSwAssets(const VcPayload& in, VcPayload* out);
   static int CheckModeRecords(const VcPayload& in, const VcPayload& out, const char* function);
+  // What a mode operation exchanges with the parser. An answer may point into its
+  // request, so both live until the operation ends, the request longer.
+  struct ParserRecords {
+    tarn::ModeRenderInputParams request;  // blank but for aux_data, which is copied whole
+    tarn::HwConfigOutputParams answer;
+  };
   int AskModeParser(tarn::ZelOps op, const ModeRenderInputParams& request, const char* function,
-                    tarn::HwConfigOutputParams* answer);
+                    ParserRecords* records);
   static int ConvertModeRenderInputParams(const velaricolor::ModeRenderInputParams& in,
                                           tarn::ModeRenderInputParams* out);
   int ConvertHwConfigOutputParams(const tarn::HwConfigOutputParams& in,
@@ -161,17 +167,19 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   PccPostBlendConfig ltm_pcc_config_ = {.coeffs = {}};
 
   std::thread mode_parser_thread_;
-  std::mutex mode_parser_mutex_;  // taken after lock_; guards the members below
-  std::condition_variable mode_parser_cv_;
+  // Held by that thread for all its work, and by Init while it waits and joins;
+  // taken after lock_.
+  std::mutex mode_parser_mutex_;
+  std::condition_variable mode_parser_cv_;  // with mode_parser_done_: the work has ended
   int mode_parser_status_ = kErrInvalid;
   bool mode_parser_done_ = false;
-  std::exception_ptr mode_parser_exception_;  // allocation failure on that thread
+  std::exception_ptr mode_parser_exception_;  // what left the parser on that thread
 
   // The tables' entries last used; a parser answers with the same blocks in the
-  // same order mode after mode, so those of converters go by place in the answer.
+  // same order mode after mode, so those of converters go by place in the answer. An
+  // operation's handler is found in no time that counts beside the operation.
   RecentEntry<SetPropFuncs> recent_setter_{set_prop_funcs_};
   RecentEntry<GetPropFuncs> recent_getter_{get_prop_funcs_};
-  RecentEntry<OpsFuncs> recent_op_{ops_funcs_};
   std::vector<RecentEntry<HwConfigConverters>> recent_converters_ =
       std::vector(hw_config_converters_.size(), RecentEntry(hw_config_converters_));
 };

@@ -2,8 +2,8 @@
 # Unpacks what 64-bit Arm programs are built against and run with into
 # build/arm64-sysroot: libc, libc++, the compiler's runtime and the libraries that
 # the devkit uses, from Debian's own arm64 packages. The machine's package lists stay as they are.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/arm64-sysroot.sh
+source "$(dirname "$0")/prelude.sh"
 
 packages=(
   libc6 libc6-dev linux-libc-dev libcrypt1 libcrypt-dev

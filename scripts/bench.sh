@@ -1,9 +1,8 @@
 #!/usr/bin/env bash
 # Measures the release build against its floors.
 # Usage: scripts/bench.sh [--check] [Google Benchmark option ...]
-# With --check, compares with the targets and fails where one is missed.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+#   --check   compares with the targets, and fails where one is missed
+source "$(dirname "$0")/prelude.sh"
 
 scripts/build.sh release
 bench=build/release/bench

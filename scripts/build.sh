@@ -1,18 +1,19 @@
 #!/usr/bin/env bash
 # Installs what is missing, configures and builds. Quiet unless something fails.
 # Usage: scripts/build.sh [PRESET]
-set -euo pipefail
-cd "$(dirname "$0")/.."
+#   PRESET   release (default), asan, tsan, arm64, fuzz or coverage; builds into build/PRESET
+# ZELTARN_NO_INSTALL=1 in the environment: only says what is missing, see install-deps.sh.
+source "$(dirname "$0")/prelude.sh"
 
 build() {
   local preset=$1 log
-  log=$(mktemp)
   [ -e "build/$preset/build.ninja" ] || echo "Building into build/$preset, which takes some minutes the first time ..."
   case $preset in
     release) scripts/install-deps.sh ;;
     *) scripts/install-deps.sh verify ;;
   esac
   [ "$preset" != arm64 ] || scripts/arm64-sysroot.sh
+  log=$(mktemp)
   if ! { cmake --preset "$preset" && cmake --build --preset "$preset"; } >"$log" 2>&1; then
     cat "$log" >&2
     rm -f "$log"

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Which lines of the plug-in its tests run; prints a summary per file, and the
 # lines that no test runs.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/coverage.sh
+source "$(dirname "$0")/prelude.sh"
 
 scripts/build.sh coverage
 build=build/coverage

@@ -1,14 +1,14 @@
 #!/usr/bin/env bash
 # Builds what is missing, and switches the colour modes of the sample panel.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/demo.sh
+source "$(dirname "$0")/prelude.sh"
 
 # Shows a command and its output; of the log, only errors.
 show() {
   local heading=$1
   shift
   printf '\n# %s\n$ zelctl %s\n' "$heading" "$*"
-  build/release/bin/zelctl --log-level 0 "$@"
+  build/release/bin/zelctl "$@"
 }
 
 scripts/build.sh release

@@ -2,9 +2,9 @@
 # Fuzzes the host's calls and the reference parser's panel descriptions, starting
 # from the seed corpora. Prints the executions; fails on any finding, whose input
 # stays in build/fuzz. What a run discovers there, the next one starts from too.
-# Usage: scripts/fuzz.sh [SECONDS]   both targets side by side, default 60
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/fuzz.sh [SECONDS]
+#   SECONDS   for both targets, side by side; default 60
+source "$(dirname "$0")/prelude.sh"
 
 seconds=${1:-60}
 build=build/fuzz

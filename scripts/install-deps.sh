@@ -1,8 +1,11 @@
 #!/usr/bin/env bash
 # Installs the Debian packages that building, testing and running need. Does
 # nothing, and needs no rights, where all are there.
-# Usage: scripts/install-deps.sh [verify]   with what only verification needs
-set -euo pipefail
+# Usage: scripts/install-deps.sh [verify]
+#   verify   with what only verification needs
+# ZELTARN_NO_INSTALL=1 in the environment: says what is missing, installs nothing, and
+# fails where something is.
+source "$(dirname "$0")/prelude.sh"
 
 packages=(
   clang clang-format clang-tidy llvm          # compiler, gates, binary tools
@@ -12,11 +15,19 @@ packages=(
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
   gnuplot-nox libpng-dev                      # zelctl's pictures
   libbenchmark-dev                            # bench
+  python3-numpy python3-pil                   # the judge of colours in tests
+  python3-jsonschema                          # the schema of what zelctl prints
+  pkgconf python3                             # tests of what is installed
 )
 if [ "${1:-}" = verify ]; then
   packages+=(
     libclang-rt-14-dev                        # sanitizers, fuzzer, coverage
     lld qemu-user                             # 64-bit Arm
+    blueprint-tools golang-android-soong-dev  # Android.bp: the platform's build tool,
+    golang-go golang-github-google-blueprint-dev  # from its sources
+    golang-github-golang-protobuf-1-3-dev
+    android-liblog                            # the platform's own log
+    abigail-tools                             # the ABI
   )
 fi
 
@@ -27,9 +38,13 @@ for package in "${packages[@]}"; do
 done
 [ ${#missing[@]} -gt 0 ] || exit 0
 
+if [ "${ZELTARN_NO_INSTALL:-0}" != 0 ]; then
+  echo "Missing Debian packages: ${missing[*]}" >&2
+  exit 1
+fi
 as_root=()
 [ "$(id -u)" -eq 0 ] || as_root=(sudo)
-echo "Installing: ${missing[*]}"
+echo "Installing Debian packages with ${as_root[*]:+${as_root[*]} }apt-get: ${missing[*]}"
 "${as_root[@]}" apt-get update -qq
 "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
   apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # The gates on form: clang-format and clang-tidy, both without a finding.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/lint.sh
+source "$(dirname "$0")/prelude.sh"
 
 scripts/build.sh release
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror

@@ -103,6 +103,9 @@ def catch(preset):
 
 
 def main():
+    if sys.argv[1:2] in (["-h"], ["--help"]):
+        print(__doc__.strip())
+        return 0
     markdown = "--markdown" in sys.argv
     wanted = [a for a in sys.argv[1:] if not a.startswith("--")]
     subprocess.run(["scripts/install-deps.sh", "verify"], cwd=ROOT, check=True)

@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # Remakes the sample picture and the pictures of docs/pictures.
-set -euo pipefail
-cd "$(dirname "$0")/.."
+# Usage: scripts/pictures.sh
+source "$(dirname "$0")/prelude.sh"
 
 scripts/build.sh release
-zelctl() { build/release/bin/zelctl --log-level 0 "$@"; }
+zelctl() { build/release/bin/zelctl "$@"; }
 sample=devkit/pictures/sample.png
 docs=docs/pictures
 mkdir -p "$docs"

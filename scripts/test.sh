@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Builds everything and runs all tests; ends with ctest's summary.
 # Usage: scripts/test.sh [PRESET] [CTEST OPTION ...]
-set -euo pipefail
-cd "$(dirname "$0")/.."
+#   PRESET   release (default), asan, tsan, arm64 or coverage
+source "$(dirname "$0")/prelude.sh"
 
 preset=${1:-release}
 shift || true

@@ -1,8 +1,12 @@
 #!/usr/bin/env bash
-# Every proof but the faults on purpose: form, all tests on every preset, the fuzzers'
-# short run, coverage. Ends with a table of what ran, and fails where anything failed.
-set -uo pipefail
-cd "$(dirname "$0")/.."
+# Every proof but the faults on purpose: form, all tests on every preset, the platform's
+# log, the ABI, the Android build files, the fuzzers' short run, coverage. Ends with a
+# table of what ran, and fails where anything failed.
+# Usage: scripts/verify.sh
+# ZEL_FUZZ_SECONDS in the environment: how long to fuzz, default 60.
+source "$(dirname "$0")/prelude.sh"
+
+set +e  # a failing step is noted, and the next one runs
 
 names=() results=() seconds=()
 failed=0
@@ -18,6 +22,9 @@ step() {
 
 scripts/install-deps.sh verify || exit 1
 step "tests, release" scripts/test.sh release
+step "platform's log" scripts/platform-log.sh
+step "ABI" scripts/abi.sh
+step "Android build" scripts/android.sh
 step "format and tidy" scripts/lint.sh
 step "tests, asan" scripts/test.sh asan
 step "tests, tsan" scripts/test.sh tsan

@@ -1,14 +1,10 @@
 #include "bench/subject/answers.h"
 
-#include <algorithm>
 #include <memory>
+#include <numeric>
+#include <utility>
 
-#include "convert/blob_config.h"
-#include "convert/dither_config.h"
-#include "convert/gamut_gamma_config.h"
-#include "convert/pa_de_config.h"
-#include "pcc/pcc_config.h"
-#include "plugin/names.h"
+#include "convert/block_table.h"
 
 namespace {
 
@@ -19,43 +15,32 @@ tarn::HwConfigPayload Block(const std::string& name, std::shared_ptr<T> record) 
   return {.hw_block = name, .payload = std::move(record), .len = sizeof(T)};
 }
 
-std::shared_ptr<tarn::GammaPostBlendConfig> MakeGamma(uint32_t entries) {
-  auto gamma = std::make_shared<tarn::GammaPostBlendConfig>(entries);
-  for (uint32_t i = 0; i < entries; ++i) {
-    for (auto* list : {&gamma->c0, &gamma->c1, &gamma->c2}) list->push_back(i);
+template <typename Record>
+void Fill(uint32_t entries, Record* record) {
+  if constexpr (requires { record->c0; }) {
+    for (auto* list : {&record->c0, &record->c1, &record->c2}) {
+      list->resize(entries);
+      std::iota(list->begin(), list->end(), 0);
+    }
+  } else if constexpr (requires { record->blob; }) {
+    record->blob.assign(kBlobBytes, 'b');
+  } else if constexpr (requires { record->coeffs; }) {
+    record->enable = true;
+    record->coeffs.r = {0, 0.9, 0.1, 0};
+    record->coeffs.g = {0, 0, 1, 0};
+    record->coeffs.b = {0, 0, 0.1, 0.9};
   }
-  return gamma;
 }
 
-template <typename T>
-std::shared_ptr<T> MakeBlob() {
-  auto record = std::make_shared<T>();
-  record->blob.assign(kBlobBytes, 'b');
-  return record;
-}
-
-std::shared_ptr<tarn::PccPostBlendConfig> MakePcc() {
-  auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
-  pcc->enable = true;
-  pcc->coeffs.r = {0, 0.9, 0.1, 0};
-  pcc->coeffs.g = {0, 0, 1, 0};
-  pcc->coeffs.b = {0, 0, 0.1, 0.9};
-  return pcc;
-}
-
+// Every block that reaches the host, filled as a panel's would be.
 std::vector<tarn::HwConfigPayload> BuildBlocks() {
-  return {
-      Block(velaricolor::kPostBlendGamut, std::make_shared<tarn::GamutPostBlendConfig>()),
-      Block(velaricolor::kPostBlendIGC, MakeGamma(257)),
-      Block(velaricolor::kPostBlendGC, MakeGamma(1024)),
-      Block(velaricolor::kPostBlendPCC, MakePcc()),
-      Block(velaricolor::kPostBlendPa, std::make_shared<tarn::PaPostBlendConfig>()),
-      Block(velaricolor::kPostBlendDither, std::make_shared<tarn::DitherPostBlendConfig>()),
-      Block(velaricolor::kPostBlendPaDither, std::make_shared<tarn::PaDitherPostBlendConfig>()),
-      Block(velaricolor::kPostBlendHdrBlob, MakeBlob<tarn::HdrBlobPostBlendConfig>()),
-      Block(velaricolor::kPostBlendGameBlob, MakeBlob<tarn::GameBlobPostBlendConfig>()),
-      Block(velaricolor::kPostBlendDE, std::make_shared<tarn::DePostBlendConfig>()),
-  };
+  std::vector<tarn::HwConfigPayload> blocks;
+  zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
+    auto record = std::make_shared<Config<tarn::LibrarySide>>();
+    Fill(name == velaricolor::kPostBlendIGC ? 257 : 1024, record.get());
+    blocks.push_back(Block(name, std::move(record)));
+  });
+  return blocks;
 }
 
 // The same without a share in the records, which live until the next set-up:
@@ -90,6 +75,8 @@ std::vector<tarn::HwConfigPayload> MakeManyBlocks(size_t count) {
 
 std::vector<tarn::HwConfigPayload> MakeGammaBlock(uint32_t entries) {
   static std::vector<tarn::HwConfigPayload> built;
-  built = {Block(velaricolor::kPostBlendGC, MakeGamma(entries))};
+  auto record = std::make_shared<tarn::GammaPostBlendConfig>();
+  Fill(entries, record.get());
+  built = {Block(velaricolor::kPostBlendGC, std::move(record))};
   return Borrowed(built);
 }

@@ -27,13 +27,13 @@ void Product(unsigned calls) {
 
 void ProductInline(unsigned calls) {
   constexpr size_t kRows = 3;
-  using Rows = double[kRows][kPccTerms];  // NOLINT: plain arrays are the point
+  using Rows = double[kRows][zeltarn::kPccTerms];  // NOLINT: plain arrays are the point
   const Rows& trans = reinterpret_cast<const Rows&>(g_trans.r);
   const Rows& active = reinterpret_cast<const Rows&>(g_active.r);
   Rows& result = reinterpret_cast<Rows&>(g_result.r);
   for (; calls > 0; --calls) {
     for (size_t row = 0; row < kRows; ++row) {
-      for (size_t term = 0; term < kPccTerms; ++term) {
+      for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
         result[row][term] = (trans[row][1] * active[0][term] + trans[row][2] * active[1][term]) +
                             trans[row][3] * active[2][term];
       }
@@ -50,7 +50,7 @@ void Dimming(unsigned calls) {
 }
 
 void DimmingInline(unsigned calls) {
-  using Terms = double[3 * kPccTerms];  // NOLINT: plain arrays are the point
+  using Terms = double[3 * zeltarn::kPccTerms];  // NOLINT: plain arrays are the point
   Terms& terms = reinterpret_cast<Terms&>(g_result.r);
   double factor = 1.0;
   for (; calls > 0; --calls) {

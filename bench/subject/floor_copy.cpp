@@ -4,12 +4,7 @@
 #include <cstring>
 
 #include "bench/subject/pairs.h"
-#include "convert/blob_config.h"
-#include "convert/dither_config.h"
-#include "convert/gamut_gamma_config.h"
-#include "convert/pa_de_config.h"
-#include "pcc/pcc_config.h"
-#include "plugin/names.h"
+#include "convert/block_table.h"
 
 namespace {
 
@@ -19,20 +14,17 @@ constexpr size_t kHeaderBytes = 8;
 // Where the carried bytes of a record lie beside the record itself.
 using Lists = std::vector<std::pair<const void*, size_t>>;
 
-Lists ListsOf(const std::string& block, const void* record) {
-  if (block == velaricolor::kPostBlendIGC || block == velaricolor::kPostBlendGC) {
-    const auto& gamma = *static_cast<const tarn::GammaPostBlendConfig*>(record);
-    Lists lists;
-    for (const auto* list : {&gamma.c0, &gamma.c1, &gamma.c2}) {
+template <typename Record>
+Lists ListsIn(const Record& record) {
+  Lists lists;
+  if constexpr (requires { record.c0; }) {
+    for (const auto* list : {&record.c0, &record.c1, &record.c2}) {
       lists.emplace_back(list->data(), list->size() * sizeof(uint32_t));
     }
-    return lists;
+  } else if constexpr (requires { record.blob; }) {
+    lists.emplace_back(record.blob.data(), record.blob.size());
   }
-  if (block == velaricolor::kPostBlendHdrBlob || block == velaricolor::kPostBlendGameBlob) {
-    const auto& blob = *static_cast<const tarn::GameBlobPostBlendConfig*>(record);
-    return {{blob.blob.data(), blob.blob.size()}};
-  }
-  return {};
+  return lists;
 }
 
 // Room for a record of `bytes`, left as it comes.
@@ -47,23 +39,22 @@ std::shared_ptr<void> MakeRaw() {
   return std::make_shared<Raw<sizeof(Record)>>();
 }
 
-std::shared_ptr<void> (*MakeFor(uint32_t bytes))() {
-  switch (bytes) {
-    case sizeof(tarn::GamutPostBlendConfig):
-      return MakeRaw<tarn::GamutPostBlendConfig>;
-    case sizeof(tarn::PaPostBlendConfig):
-      return MakeRaw<tarn::PaPostBlendConfig>;
-    case sizeof(tarn::PccPostBlendConfig):
-      return MakeRaw<tarn::PccPostBlendConfig>;
-    case sizeof(tarn::DitherPostBlendConfig):
-      return MakeRaw<tarn::DitherPostBlendConfig>;
-    case sizeof(tarn::GammaPostBlendConfig):
-      return MakeRaw<tarn::GammaPostBlendConfig>;
-    case sizeof(tarn::DePostBlendConfig):
-      return MakeRaw<tarn::DePostBlendConfig>;
-    default:
-      return MakeRaw<tarn::HdrBlobPostBlendConfig>;
-  }
+Lists ListsOf(const std::string& block, const void* record) {
+  Lists lists;
+  zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
+    if (name != block) return;
+    lists = ListsIn(*static_cast<const Config<tarn::LibrarySide>*>(record));
+  });
+  return lists;
+}
+
+// Null for a block that there is none of.
+std::shared_ptr<void> (*MakeFor(const std::string& block))() {
+  std::shared_ptr<void> (*make)() = nullptr;
+  zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
+    if (name == block) make = MakeRaw<Config<velaricolor::HostSide>>;
+  });
+  return make;
 }
 
 }  // namespace
@@ -95,7 +86,7 @@ FloorFresh::FloorFresh(const std::vector<tarn::HwConfigPayload>& from) {
   for (const auto& payload : from) {
     records_.push_back({.from = payload.payload.get(),
                         .bytes = payload.len,
-                        .make = MakeFor(payload.len),
+                        .make = MakeFor(payload.hw_block),
                         .lists = ListsOf(payload.hw_block, payload.payload.get())});
   }
 }

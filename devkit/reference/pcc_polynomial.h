@@ -14,10 +14,13 @@
 
 namespace tarn::reference {
 
+// Component of a colour at full range.
+inline constexpr double kPccRange = 255;
+
 // Exponents of red, green and blue.
 using Exponents = std::array<uint8_t, 3>;
 
-inline constexpr std::array<Exponents, kPccTerms> kPccExponents = {{
+inline constexpr std::array<Exponents, zeltarn::kPccTerms> kPccExponents = {{
     {0, 0, 0},  //  0: 1
     {1, 0, 0},  //  1: R
     {0, 1, 0},  //  2: G

@@ -4,12 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "convert/blob_config.h"
-#include "convert/dither_config.h"
-#include "convert/gamut_gamma_config.h"
-#include "convert/pa_de_config.h"
+#include "convert/block_table.h"
 #include "devkit/zelctl/blocks/block_record.h"
-#include "plugin/names.h"
 
 namespace zelctl {
 namespace {
@@ -116,18 +112,13 @@ BlockType TypeOf() {
 }
 
 const BlockType* FindType(const std::string& name) {
-  static const std::map<std::string, BlockType> types = {
-      {vc::kPostBlendGamut, TypeOf<layout::GamutPostBlendConfig>()},
-      {vc::kPostBlendIGC, TypeOf<layout::GammaPostBlendConfig>()},
-      {vc::kPostBlendGC, TypeOf<layout::GammaPostBlendConfig>()},
-      {vc::kPostBlendPCC, TypeOf<layout::PccPostBlendConfig>()},
-      {vc::kPostBlendPa, TypeOf<layout::PaPostBlendConfig>()},
-      {vc::kPostBlendDither, TypeOf<layout::DitherPostBlendConfig>()},
-      {vc::kPostBlendPaDither, TypeOf<layout::PaDitherPostBlendConfig>()},
-      {vc::kPostBlendDE, TypeOf<layout::DePostBlendConfig>()},
-      {vc::kPostBlendHdrBlob, TypeOf<layout::HdrBlobPostBlendConfig>()},
-      {vc::kPostBlendGameBlob, TypeOf<layout::GameBlobPostBlendConfig>()},
-  };
+  static const auto types = [] {
+    std::map<std::string, BlockType> all;
+    layout::ForEachBlock([&]<template <typename> class Config>(const std::string& block) {
+      all.emplace(block, TypeOf<Config>());
+    });
+    return all;
+  }();
   const auto found = types.find(name);
   return found == types.end() ? nullptr : &found->second;
 }

@@ -16,6 +16,9 @@ struct GlobalOptions {
   SessionOptions session;
   bool panel_given = false;  // session.panel is the user's
   bool json = false;
+  bool tables = false;                // in JSON: all entries
+  bool strict = false;                // a problem makes the run fail
+  std::vector<std::string> problems;  // what a host would not get whole, so far
 };
 
 struct RenderArguments {
@@ -44,11 +47,10 @@ struct ReportArguments {
   RenderOptions options;
 };
 
-// Paths unset: the libraries that the plug-in would find; text unset: --panel's.
+// Text unset: --panel's.
 struct ValidateArguments {
-  std::optional<std::string> parser;
-  std::optional<std::string> algo;
   std::optional<std::string> arg;
+  uint32_t timeout = 10;  // seconds for each rule
 };
 
 void RunModes(const GlobalOptions& globals);

@@ -11,10 +11,11 @@ namespace {
 using tarn::reference::JsonValue;
 using tarn::reference::ObjectReader;
 
-PccRow ReadRow(const JsonValue& value) {
+zeltarn::PccRow ReadRow(const JsonValue& value) {
   const std::vector<JsonValue> terms = value.Elements();
-  if (terms.size() != 4 && terms.size() != kPccTerms) value.Refuse("expected 4 or 11 numbers");
-  PccRow row = {};
+  if (terms.size() != 4 && terms.size() != zeltarn::kPccTerms)
+    value.Refuse("expected 4 or 11 numbers");
+  zeltarn::PccRow row = {};
   for (size_t i = 0; i < terms.size(); ++i) row[i] = terms[i].Number();
   return row;
 }

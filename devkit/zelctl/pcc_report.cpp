@@ -21,13 +21,13 @@ std::string Coefficient(double value) {
 TextTable PccTable() {
   std::vector<TextColumn> columns = {{"PCC AFTER"}, {"ON"}, {"ROW"}, {"1/255", Align::kRight}};
   for (const char* input : {"R", "G", "B"}) columns.push_back({input, Align::kRight});
-  for (size_t term = 4; term < kPccTerms; ++term) {
+  for (size_t term = 4; term < zeltarn::kPccTerms; ++term) {
     columns.push_back({"t" + std::to_string(term), Align::kRight});
   }
   return TextTable(columns);
 }
 
-void AddRow(std::vector<std::string> cells, const PccRow& row, TextTable* table) {
+void AddRow(std::vector<std::string> cells, const zeltarn::PccRow& row, TextTable* table) {
   for (const double value : row) cells.push_back(Coefficient(value));
   table->Add(std::move(cells));
 }
@@ -51,7 +51,7 @@ void PrintPccRounds(const std::vector<PccRound>& rounds, std::ostream& out) {
   for (const PccRound& round : rounds) {
     if (!round.pcc) {
       std::vector<std::string> cells = {round.label, "none"};
-      cells.resize(3 + kPccTerms);
+      cells.resize(3 + zeltarn::kPccTerms);
       table.Add(cells);
       continue;
     }

@@ -14,7 +14,7 @@ namespace zelctl {
 struct TableSize {
   const char* name;
   velaricolor::VcProperty property;
-  TableDimensions usual;
+  zeltarn::TableDimensions usual;
   uint32_t max_entries;
   std::optional<uint32_t> entries = {};
   std::optional<uint32_t> bits = {};
@@ -23,10 +23,12 @@ struct TableSize {
 };
 
 struct RenderOptions {
-  TableSize igc = {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig, kDefaultInverseGamma,
-                   kMaxGammaEntries};
-  TableSize gc = {"gc", velaricolor::kVcPostBlendGammaHwConfig, kDefaultGamma, kMaxGammaEntries};
-  TableSize gamut = {"gamut", velaricolor::kVcPostBlendGamutHwConfig, kDefaultGamut, UINT32_MAX};
+  TableSize igc = {"igc", velaricolor::kVcPostBlendInverseGammaHwConfig,
+                   zeltarn::kDefaultInverseGamma, zeltarn::kMaxGammaEntries};
+  TableSize gc = {"gc", velaricolor::kVcPostBlendGammaHwConfig, zeltarn::kDefaultGamma,
+                  zeltarn::kMaxGammaEntries};
+  TableSize gamut = {"gamut", velaricolor::kVcPostBlendGamutHwConfig, zeltarn::kDefaultGamut,
+                     UINT32_MAX};
   bool calibration = false;
   std::optional<velaricolor::ColorTransformMatrix> color_transform;
   std::optional<velaricolor::PccPostBlendConfig> ltm;

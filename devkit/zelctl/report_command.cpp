@@ -1,13 +1,12 @@
-#include <dlfcn.h>
-#include <link.h>
-
 #include <filesystem>
 #include <iostream>
 
+#include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/input.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
@@ -18,27 +17,16 @@
 namespace zelctl {
 namespace {
 
-constexpr const char* kParserLibrary = "libtarn-json-mode-parser.so";
-
-// The path of the mode parser that the plug-in opened; empty where it opened none.
-std::string LoadedParser() {
-  void* library = dlopen(kParserLibrary, RTLD_NOW | RTLD_NOLOAD);
-  if (library == nullptr) return "";
-  const link_map* map = nullptr;
-  std::string path;
-  if (dlinfo(library, RTLD_DI_LINKMAP, &map) == 0) path = map->l_name;
-  dlclose(library);
-  return path;
-}
-
-// Another parser's modes are not those of the panel that --panel names by default.
+// Another parser's modes are not those of the panel that is used unless one is named.
 void RequireOwnPanel(const GlobalOptions& globals) {
   if (globals.panel_given) return;
-  const std::string parser = LoadedParser();
-  const auto build = std::filesystem::read_symlink("/proc/self/exe").parent_path().parent_path();
+  const auto reference =
+      std::filesystem::path(FindInstallation().plugin).replace_filename(tarn::kModeParserLibrary);
+  const std::string parser = globals.session.libraries.parser.value_or(
+      FindByName(tarn::kModeParserLibrary, globals.session.plugin));
   std::error_code ignored;
-  if (std::filesystem::equivalent(parser, build / "lib" / kParserLibrary, ignored)) return;
-  throw UsageError("the plug-in uses " + (parser.empty() ? "a mode parser of its own" : parser) +
+  if (std::filesystem::equivalent(parser, reference, ignored)) return;
+  throw UsageError("the mode parser is " + parser +
                    ": say with --panel which description its panel has, for targets and primaries");
 }
 
@@ -77,8 +65,8 @@ std::vector<size_t> Places(const velaricolor::ColorModeList& list,
 
 void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
   CheckArguments(globals, arguments);
-  HostSession session(globals.session);
   RequireOwnPanel(globals);
+  HostSession session(globals.session);
   Report report = {.panel_path = globals.session.panel,
                    .panel = ReadDescription(globals.session.panel)};
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
@@ -88,6 +76,7 @@ void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
   if (arguments.measured) {
     report.measured = ReadMeasurements(*arguments.measured, &report.modes.front());
   }
+  report.problems = globals.problems;
   if (arguments.patches) WriteOutput(*arguments.patches, PatchesFile(report.modes.front()));
   if (arguments.output) WriteOutput(*arguments.output, ReportPage(report));
   if (globals.json) PrintJson(ReportJson(report), std::cout);

@@ -1,4 +1,6 @@
 // Initialising again, de-initialising, destroying.
+#include <stdexcept>
+
 #include "tests/support/pcc.h"
 
 namespace {
@@ -59,6 +61,23 @@ TEST_F(Restart, FailedSecondInitLeavesAnObjectWithoutModes) {
   EXPECT_EQ(Platform().TakeEvents(), Lines{"open parser"});
   Unload();
   EXPECT_EQ(Platform().TakeEvents(), Lines{"close algo"});
+}
+
+TEST_F(Restart, DeInitEndsBothLibrariesWhateverTheyThrow) {
+  for (const bool parser_throws : {true, false}) {
+    for (const bool algo_throws : {true, false}) {
+      if (parser_throws) Parser().during_call = [] { throw std::runtime_error("parser"); };
+      if (algo_throws) Algo().during_call = [] { throw 1; };
+      Platform().TakeEvents();
+      EXPECT_EQ(Plugin().DeInit(), 0);
+      EXPECT_EQ(Platform().TakeEvents(), (Lines{"parser DeInit", "algo DeInit"}));
+      Parser().during_call = Algo().during_call = nullptr;
+      velaricolor::HwConfigOutputParams output;
+      EXPECT_EQ(Render(&output), -22);
+      ASSERT_EQ(Init(), 0);
+      EXPECT_TRUE(Merges());
+    }
+  }
 }
 
 TEST_F(Restart, DeInitKeepsObjectsAndSettings) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <functional>
 #include <future>
+#include <stdexcept>
 
 #include "tests/support/plugin_host.h"
 
@@ -22,6 +23,12 @@ const std::string kParser = "open parser; parser factory 2 0; ";
 const std::string kModes = kParser + "parser Init panel; parser GetProperty 1; ";
 const std::string kOneMode = "I Init: Get 1 modes in mode list; ";
 const std::string kNoMerging = "I thread_handler: Pcc merging not supported; " + kOneMode;
+
+void AlgoThrowsIn(const std::string& event) {
+  Algo().during_call = [event] {
+    if (Platform().events.back() == event) throw std::runtime_error("no licence");
+  };
+}
 
 TEST_F(StartUp, LoadsBothLibrariesInOrderAndReportsEachFailure) {
   const struct {
@@ -67,6 +74,11 @@ TEST_F(StartUp, LoadsBothLibrariesInOrderAndReportsEachFailure) {
       {"algo refuses", [] { Algo().makes_object = false; }, 0,
        kModes + "open algo; algo factory 2 0; ",
        "E LoadTarnAlgoLib: Failed to get tarn algo intf from libtarn-algo.so; " + kNoMerging,
+       "delete parser; close algo; close parser; "},
+      {"algo factory throws", [] { Algo().during_call = [] { throw 1; }; }, 0,
+       kModes + "open algo; ", kNoMerging, "delete parser; close algo; close parser; "},
+      {"algo throws", [] { AlgoThrowsIn("algo Init panel"); }, 0,
+       kModes + "open algo; algo factory 2 0; algo Init panel; delete algo; ", kNoMerging,
        "delete parser; close algo; close parser; "},
       {"algo fails", [] { Algo().init_result = 7; }, 0,
        kModes + "open algo; algo factory 2 0; algo Init panel; delete algo; ",

@@ -45,9 +45,12 @@ TEST_F(Getters, AnswerOnlyTheExactLength) {
     EXPECT_TRUE(Platform().TakeEvents().empty());
   }
 
-  Lines assets = {"left", "over"};
-  EXPECT_EQ(Get(velaricolor::kVcSupportHwAssets, &assets), 0);
-  EXPECT_EQ(assets, (Lines{"PostBlendGamut", "PostBlendIGC", "PostBlendGC"}));
+  for (const size_t left_over : {0U, 2U, 5U}) {
+    Lines assets(left_over, std::string(1 << 20, 'x'));
+    EXPECT_EQ(Get(velaricolor::kVcSupportHwAssets, &assets), 0);
+    EXPECT_EQ(assets, (Lines{"PostBlendGamut", "PostBlendIGC", "PostBlendGC"}));
+    for (const std::string& name : assets) EXPECT_LT(name.capacity(), 100U) << "not released";
+  }
   HwConfigOutputParams dither;
   EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &dither), 0);
   EXPECT_TRUE(dither.payloads.empty());
@@ -89,7 +92,7 @@ TEST_F(Getters, ConvertTheParsersDither) {
     EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), c.result);
     EXPECT_EQ(Platform().TakeLog(), c.log);
     EXPECT_EQ(Platform().TakeEvents(), Lines{"parser GetProperty 12"});
-    EXPECT_EQ(EnvelopeOf(Parser().out), (Envelope{24, 32, 12}));
+    EXPECT_EQ(WordsOf(Parser().out), (Words{24, 32, 12, 0}));
     EXPECT_EQ(asked_version, 32U);
     EXPECT_EQ(NamesOf(output), c.names);
   }

@@ -116,11 +116,9 @@ TEST_F(Setters, PassDimensionsOn) {
     Platform().TakeEvents();
     EXPECT_EQ(Set(c.prop, wanted), c.answer);
     EXPECT_EQ(Platform().TakeEvents(), Lines{"parser SetProperty " + std::to_string(c.prop)});
-    EXPECT_EQ(EnvelopeOf(Parser().in), (Envelope{24, 40, c.prop}));
+    EXPECT_EQ(WordsOf(Parser().in), (Words{24, 40, c.prop, 0}));
     const tarn::PostBlendHwConfig& seen = Parser().dimensions;
-    EXPECT_EQ(seen.version, c.version);
-    EXPECT_EQ(seen.num_of_entries, c.num_of_entries);
-    EXPECT_EQ(seen.bit_depth, 77U);
+    EXPECT_EQ(WordsOf(seen), (Words{c.version, c.num_of_entries, 77, 0}));
     EXPECT_EQ(seen.attributes, wanted.attributes);
     EXPECT_FALSE(NeedsUpdate());
     EXPECT_EQ(Rendered().second, c.tables);
@@ -147,10 +145,12 @@ TEST_F(Setters, TurnAnyMatrixButTheIdentityIntoPcc) {
     EXPECT_EQ(Render(&output), 0);
     return !output.payloads.empty();
   };
-  EXPECT_FALSE(applied({}));
+  const ColorTransformMatrix identity_matrix = {
+      .matrix = {1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1}};
+  EXPECT_FALSE(applied(identity_matrix));
   for (size_t i = 0; i < 16; ++i) {
     SCOPED_TRACE(i);
-    ColorTransformMatrix transform;
+    ColorTransformMatrix transform = identity_matrix;
     float& element = transform.matrix[i];
     const float identity = element;
     for (const float other :

@@ -39,6 +39,11 @@ tarn::HwConfigPayload PaDither() {
   return Block("PostBlendPaDither", std::make_shared<tarn::PaDitherPostBlendConfig>());
 }
 
+tarn::HwConfigPayload OfVersion(uint32_t version, tarn::HwConfigPayload block) {
+  block.version = version;  // nobody looks at it
+  return block;
+}
+
 TEST_P(ModeOp, RefusesMalformedRecordsUnlessThereAreNoModes) {
   struct Side {
     uint32_t len;
@@ -86,7 +91,7 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
   request.aux_enable = 0x5A;
   std::iota(request.aux_data.begin(), request.aux_data.end(), uint8_t{7});
   request.aux_word = 0x12345678;
-  const std::pair<size_t, size_t> paddings[] = {{4, 4}, {97, 3}, {2908, 4}};
+  const std::pair<size_t, size_t> paddings[] = {{4, 4}, {44, 4}, {97, 3}, {2908, 4}};
   for (const auto& [offset, size] : paddings) {
     std::memset(reinterpret_cast<char*>(&request) + offset, 0xAA, size);
   }
@@ -106,9 +111,9 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
 
   EXPECT_EQ(Platform().TakeEvents(),
             Lines{Renders() ? "parser ProcessOps 0" : "parser ProcessOps 1"});
-  EXPECT_EQ(EnvelopeOf(Parser().in), (Envelope{24, 2912, 0}));
-  EXPECT_EQ(EnvelopeOf(Parser().out), (Envelope{24, 32, 0}));
-  EXPECT_EQ(padding, std::string(11, '\0'));
+  EXPECT_EQ(WordsOf(Parser().in), (Words{24, 2912, 0, 0}));
+  EXPECT_EQ(WordsOf(Parser().out), (Words{24, 32, 0, 0}));
+  EXPECT_EQ(padding, std::string(15, '\0'));
   const tarn::ModeRenderInputParams& seen = Parser().request;
   EXPECT_EQ(seen.version, 2912U);
   EXPECT_EQ(seen.hw_assets, request.hw_assets);
@@ -118,6 +123,38 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
   EXPECT_EQ(seen.aux_enable, 0x5A);
   EXPECT_EQ(seen.aux_data, request.aux_data);
   EXPECT_EQ(seen.aux_word, 0x12345678U);
+}
+
+// Bytes of the request, as a record that the answer only borrows.
+TEST_P(ModeOp, RequestOutlivesTheAnswer) {
+  Start();
+  tarn::PaDitherPostBlendConfig borrowed = {.enable = true, .words = {}};
+  borrowed.words.fill(0x12345678);
+  auto request = ModeRenderInputParams();
+  request.hw_assets = {std::string(reinterpret_cast<const char*>(&borrowed), sizeof borrowed)};
+  Parser().during_call = [] {
+    const auto& asked = *static_cast<const tarn::ModeRenderInputParams*>(Parser().in.payload);
+    auto& answer = *static_cast<tarn::HwConfigOutputParams*>(Parser().out.payload);
+    answer.payloads = {PaDither()};
+    auto* const record = const_cast<char*>(asked.hw_assets[0].data());
+    answer.payloads[0].payload = std::shared_ptr<void>(std::shared_ptr<void>(), record);
+  };
+  HwConfigOutputParams output;
+  ASSERT_EQ(PluginTest::Run(GetParam(), request, &output), 0);
+  const auto* const record =
+      RecordNamed<velaricolor::PaDitherPostBlendConfig>(output, "PostBlendPaDither");
+  EXPECT_TRUE(record->enable);
+  EXPECT_EQ(record->words, borrowed.words);  // freed memory is used at its beginning
+}
+
+TEST_P(ModeOp, DropsTheAnswerAtTheEndOfTheCall) {
+  Start();
+  Parser().blocks = {Dither(1)};
+  const std::weak_ptr<void> answered = Parser().blocks[0].payload;
+  HwConfigOutputParams output;
+  ASSERT_EQ(Run(&output), 0);
+  Parser().blocks.clear();
+  EXPECT_TRUE(answered.expired());
 }
 
 const std::string kNotConverted =
@@ -134,6 +171,7 @@ TEST_P(ModeOp, ConvertsWhatTheParserAnsweredWhateverItsResult) {
       {0, {PaDither(), Dither(1)}, both, {}},
       {-5, {PaDither(), Dither(1)}, both, {failed + ", ret -5"}},
       {0, {PaDither(), unknown, Dither(1)}, "PostBlendPaDither ", {}},
+      {0, {OfVersion(55, PaDither()), OfVersion(0, Dither(1))}, both, {}},
       {0,
        {PaDither(), broken, Dither(1)},
        "PostBlendPaDither ",
@@ -160,11 +198,12 @@ TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
   EXPECT_EQ(Run(&output), 0);
   const auto first = std::static_pointer_cast<DitherPostBlendConfig>(output.payloads[0].payload);
   output.payloads.push_back({.hw_block = "PostBlendDither"});
-  Parser().blocks.assign(20, Dither(3));  // more than there are names
+  Parser().blocks.assign(100000, Dither(3));  // far more than there are names
   Parser().blocks.insert(Parser().blocks.begin(), PaDither());
   Parser().blocks.push_back(Dither(4));
   EXPECT_EQ(Run(&output), 0);
   EXPECT_EQ(NamesOf(output), "PostBlendDither PostBlendDither PostBlendPaDither ");
+  EXPECT_LE(output.payloads.capacity(), 2U + 10U) << "room for each name once";
   EXPECT_EQ(output.payloads[0].payload, first);
   EXPECT_EQ(first->params[0], 4);
   EXPECT_EQ(output.payloads[1].payload, nullptr);

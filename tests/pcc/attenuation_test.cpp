@@ -13,12 +13,12 @@ class Attenuation : public PccTest {};
 TEST_F(Attenuation, ScalesEveryTermAndEnables) {
   Start();
   pcc_coeff_data coeffs = {.reserved = {1, 2, 3, 4, 5, 6, 7, 8}, .r = {20, 1}, .g = {}, .b = {}};
-  for (PccRow* row : {&coeffs.g, &coeffs.b}) row->fill(0.1);
+  for (zeltarn::PccRow* row : {&coeffs.g, &coeffs.b}) row->fill(0.1);
   coeffs.r[10] = 0.3;
   for (const double factor : {1.0, 0.5, 0.0, -2.0, 0.7, std::numeric_limits<double>::quiet_NaN()}) {
     SCOPED_TRACE(factor);
     pcc_coeff_data scaled = coeffs;
-    for (PccRow* row : {&scaled.r, &scaled.g, &scaled.b}) {
+    for (zeltarn::PccRow* row : {&scaled.r, &scaled.g, &scaled.b}) {
       for (double& term : *row) term = term * factor;
     }
     if (factor != 1.0) ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, factor), 0);
@@ -37,10 +37,13 @@ TEST_F(Attenuation, TakesTheBlockAsItStands) {
   Start();
   ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
   HwConfigOutputParams output;
-  output.payloads = {{.hw_block = "PostBlendPCC", .len = 3}};
+  const pcc_coeff_data untouched = {.reserved = {}, .r = {20, 1}, .g = {}, .b = {}};
+  const auto second = HostBlock(untouched, false);
+  output.payloads = {{.hw_block = "PostBlendPCC", .len = 3}, HostEntry(second)};
   ASSERT_EQ(Render(&output), 0);
   EXPECT_EQ(output.payloads[0].payload, nullptr);
   EXPECT_EQ(output.payloads[0].len, 3U);
+  EXPECT_EQ(BytesOf(second->coeffs), BytesOf(untouched));
 
   output.payloads.clear();
   ParserAnswers({.reserved = {}, .r = {20, 1}, .g = {}, .b = {}}, true);

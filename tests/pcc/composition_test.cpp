@@ -18,7 +18,7 @@ pcc_coeff_data Random(uint8_t seed, const std::array<double, 3>& offsets = {}) {
   std::uniform_real_distribution<double> number(-2, 2);
   pcc_coeff_data pcc;
   pcc.reserved.fill(seed);
-  for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+  for (zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
     for (double& term : *row) term = number(engine);
   }
   pcc.r[0] = offsets[0];
@@ -29,13 +29,23 @@ pcc_coeff_data Random(uint8_t seed, const std::array<double, 3>& offsets = {}) {
 
 pcc_coeff_data Product(const pcc_coeff_data& trans, const pcc_coeff_data& active) {
   pcc_coeff_data product = trans;
-  for (PccRow* row : {&product.r, &product.g, &product.b}) {
-    const PccRow t = *row;
-    for (size_t j = 0; j < kPccTerms; ++j) {
+  for (zeltarn::PccRow* row : {&product.r, &product.g, &product.b}) {
+    const zeltarn::PccRow t = *row;
+    for (size_t j = 0; j < zeltarn::kPccTerms; ++j) {
       (*row)[j] = (t[1] * active.r[j] + t[2] * active.g[j]) + t[3] * active.b[j];
     }
   }
   return product;
+}
+
+// The bytes of a record: its first two words, then matrices.
+Bytes Joined(const std::array<uint32_t, 2>& words, const std::vector<pcc_coeff_data>& matrices) {
+  Bytes bytes = BytesOf(words);
+  for (const pcc_coeff_data& matrix : matrices) {
+    const Bytes more = BytesOf(matrix);
+    bytes.insert(bytes.end(), more.begin(), more.end());
+  }
+  return bytes;
 }
 
 class Composition : public PccTest {};
@@ -58,7 +68,10 @@ TEST_F(Composition, ByLibraryByProductOrNotAtAll) {
       {"library lost", kLost, true, {}, kProduct},
       {"multiplying nothing", kAbsent, false, {}, kPlain},
       {"red offset", kAbsent, true, {1e-300}, kPlain},
+      {"negative red offset", kAbsent, true, {-5}, kPlain},
       {"green offset", kAbsent, true, {0, 5}, kPlain},
+      {"negative green offset", kAbsent, true, {0, -5}, kPlain},
+      {"negative blue offset", kAbsent, true, {0, 0, -5}, kPlain},
       {"blue offset", kAbsent, true, {0, 0, kNan}, kPlain},
   };
   for (const auto& c : cases) {
@@ -78,6 +91,7 @@ TEST_F(Composition, ByLibraryByProductOrNotAtAll) {
     ParserAnswers(active, c.enabled);
     SetLtm(trans);
     Platform().TakeLog();
+    Platform().TakeEvents();
 
     HwConfigOutputParams output;
     ASSERT_EQ(Render(&output), 0);
@@ -93,11 +107,11 @@ TEST_F(Composition, ByLibraryByProductOrNotAtAll) {
     const bool asked = c.enabled && c.library <= kFailing;
     ASSERT_EQ(Algo().merges.size(), asked ? 1U : 0U);
     if (!asked) continue;
-    EXPECT_EQ(BytesOf(Algo().merges[0]),
-              BytesOf(tarn::PccMergeInput{.trans = trans, .active = active}));
-    EXPECT_EQ(BytesOf(Algo().blank), BytesOf(tarn::PccMergeOutput()));
-    EXPECT_EQ(EnvelopeOf(Algo().in), (Envelope{24, 552, 0}));
-    EXPECT_EQ(EnvelopeOf(Algo().out), (Envelope{24, 280, 0}));
+    EXPECT_EQ(BytesOf(Algo().merges[0]), Joined({552, 0}, {trans, active}));
+    EXPECT_EQ(BytesOf(Algo().blank), Joined({280, 0}, {pcc_coeff_data()}));
+    EXPECT_EQ(Platform().TakeEvents(), (Lines{"parser ProcessOps 0", "algo ProcessOps 2"}));
+    EXPECT_EQ(WordsOf(Algo().in), (Words{24, 552, 0, 0}));
+    EXPECT_EQ(WordsOf(Algo().out), (Words{24, 280, 0, 0}));
   }
 }
 
@@ -151,7 +165,7 @@ TEST_F(Composition, FollowsTheOrderTransformLtmDimming) {
         if (c.enabled) merges.push_back({.trans = transform_pcc, .active = active});
         merges.push_back({.trans = ltm, .active = c.enabled ? Random(3) : transform_pcc});
         expected.coeffs = Random(c.enabled ? 4 : 3);
-        for (PccRow* row : {&expected.coeffs.r, &expected.coeffs.g, &expected.coeffs.b}) {
+        for (zeltarn::PccRow* row : {&expected.coeffs.r, &expected.coeffs.g, &expected.coeffs.b}) {
           for (double& term : *row) term *= 0.5;
         }
       }
@@ -176,6 +190,7 @@ TEST_F(Composition, FindsAppendsAndCompletesTheBlock) {
       {"none", {}, 1, 0},
       {"another name", {{.hw_block = "PostBlendPcc", .payload = other, .len = 280}}, 2, 1},
       {"without record", {{.hw_block = "PostBlendPCC", .len = 3}}, 1, 0},
+      {"first without", {{.hw_block = "PostBlendPCC", .len = 3}, HostEntry(other)}, 2, 0},
       {"two", {HostEntry(HostBlock(Random(7), false)), HostEntry(other)}, 2, 0},
   };
   SetLtm(Random(1));
@@ -194,9 +209,106 @@ TEST_F(Composition, FindsAppendsAndCompletesTheBlock) {
   }
 }
 
+TEST_F(Composition, ChangesTheRecordInPlaceAndNotItsLen) {
+  Start();
+  SetLtm(Random(1));
+  const auto shared = HostBlock(Random(2), false);
+  HwConfigOutputParams output;
+  output.payloads = {HostEntry(shared)};
+  output.payloads[0].len = 99;
+  ASSERT_EQ(Render(&output), 0);
+  EXPECT_EQ(output.payloads[0].payload, shared);
+  EXPECT_EQ(output.payloads[0].len, 99U);
+  EXPECT_EQ(BytesOf(shared->coeffs), BytesOf(Random(1)));
+}
+
+// In LTM's record and in the host's PCC block.
+TEST_F(Composition, TakesAnyByteButZeroAsEnabled) {
+  Platform().algo_opens = false;
+  Platform().log_level = "2";
+  Start();
+  const pcc_coeff_data trans = Random(1);
+  const pcc_coeff_data active = Random(2);
+  for (const uint8_t byte : Bytes{1, 2, 0x80, 0xFF}) {
+    SCOPED_TRACE(testing::PrintToString(byte));
+    const auto enabled_as = [byte](const pcc_coeff_data& coeffs) {
+      auto record = HostBlock(coeffs, false);
+      std::memcpy(reinterpret_cast<char*>(record.get()) + 4, &byte, 1);
+      return record;
+    };
+    EXPECT_EQ(Plugin().SetProperty({.len = 280, .prop = 13, .payload = enabled_as(trans).get()}),
+              0);
+    EXPECT_EQ(Platform().TakeLog(), Lines{"I SetLtmPccConfig: Set ltm PCC config enable 1"});
+    const auto block = enabled_as(active);
+    HwConfigOutputParams output;
+    output.payloads = {HostEntry(block)};
+    ASSERT_EQ(Render(&output), 0);
+    EXPECT_EQ(BytesOf(*block)[4], 1);
+    EXPECT_EQ(BytesOf(block->coeffs), BytesOf(Product(trans, active)));
+    Platform().TakeLog();
+  }
+}
+
+TEST_F(Composition, RunsOnWhateverAFailedModeBrought) {
+  const auto pcc = Block("PostBlendPCC", PccBlock<tarn::PccPostBlendConfig>(Random(2), true));
+  const tarn::HwConfigPayload unknown = {.hw_block = "PostBlendMixerGc", .payload = {}};
+  const pcc_coeff_data transform = {{}, {0, 2}, {0, 0, 3}, {0, 0, 0, 4}};
+  const pcc_coeff_data ltm = {{}, {0, 5}, {0, 0, 6}, {0, 0, 0, 7}};
+  const pcc_coeff_data both = Product(ltm, transform);
+  const struct {
+    const char* name;
+    int parsers_result;
+    std::vector<tarn::HwConfigPayload> blocks;
+    pcc_coeff_data undimmed;
+  } cases[] = {
+      {"parser fails with a block", -5, {pcc}, Product(ltm, Product(transform, Random(2)))},
+      {"parser fails without", -5, {}, both},
+      {"conversion ends before the block", 0, {unknown, pcc}, both},
+      {"conversion ends after it", 0, {pcc, unknown}, Product(ltm, Product(transform, Random(2)))},
+  };
+  Platform().algo_opens = false;
+  Start();
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    ASSERT_EQ(Set(velaricolor::kVcColorTransform,
+                  velaricolor::ColorTransformMatrix{
+                      .matrix = {2, 0, 0, 0, 0, 3, 0, 0, 0, 0, 4, 0, 0, 0, 0, 1}}),
+              0);
+    SetLtm(ltm);
+    ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+    Parser().process_result = c.parsers_result;
+    Parser().blocks = c.blocks;
+    HwConfigOutputParams output;
+    ASSERT_EQ(Render(&output), 0);
+    pcc_coeff_data expected = c.undimmed;
+    for (zeltarn::PccRow* row : {&expected.r, &expected.g, &expected.b}) {
+      for (double& term : *row) term *= 0.5;
+    }
+    EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(expected));
+    EXPECT_TRUE(PccOf(output)->enable);
+    EXPECT_FALSE(NeedsUpdate());
+  }
+}
+
+TEST_F(Composition, LeavesSoftwareAssetsAlone) {
+  Start();
+  ASSERT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix{.matrix = {2}}),
+            0);
+  SetLtm(Random(1));
+  ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+  ParserAnswers(Random(2), false);
+  HwConfigOutputParams output;
+  ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+  ASSERT_EQ(output.payloads.size(), 1U);
+  EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(Random(2)));
+  EXPECT_FALSE(PccOf(output)->enable);
+}
+
 TEST_F(Composition, NoticesOnceThatLtmWasSwitchedOff) {
   Start();
-  for (const bool has_block : {true, false}) {
+  enum Before { kBlock, kNothing, kNoRecord };
+  for (const Before before : {kBlock, kNothing, kNoRecord}) {
+    SCOPED_TRACE(before);
     SetLtm(Random(1));
     EXPECT_TRUE(NeedsUpdate());
     HwConfigOutputParams on;
@@ -208,10 +320,18 @@ TEST_F(Composition, NoticesOnceThatLtmWasSwitchedOff) {
     ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &assets), 0);
     EXPECT_TRUE(assets.payloads.empty());
     HwConfigOutputParams off;
-    if (has_block) off.payloads = {HostEntry(HostBlock(Random(2), true))};
+    if (before == kBlock) off.payloads = {HostEntry(HostBlock(Random(2), true))};
+    if (before == kNoRecord) off.payloads = {{.hw_block = "PostBlendPCC", .len = 3}};
     ASSERT_EQ(Render(&off), 0);
-    EXPECT_EQ(BytesOf(PccOf(off)->coeffs), BytesOf(has_block ? Random(2) : pcc_coeff_data()));
-    EXPECT_TRUE(PccOf(off)->enable);  // by dimming
+    ASSERT_EQ(off.payloads.size(), 1U);
+    if (before == kNoRecord) {
+      EXPECT_EQ(off.payloads[0].payload, nullptr);
+      EXPECT_EQ(off.payloads[0].len, 3U);
+    } else {
+      const pcc_coeff_data expected = before == kBlock ? Random(2) : pcc_coeff_data();
+      EXPECT_EQ(BytesOf(PccOf(off)->coeffs), BytesOf(expected));
+      EXPECT_TRUE(PccOf(off)->enable);  // by dimming
+    }
     HwConfigOutputParams third;
     ASSERT_EQ(Render(&third), 0);
     EXPECT_TRUE(third.payloads.empty());

@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <vector>
 
 using Bytes = std::vector<uint8_t>;
@@ -18,10 +19,12 @@ Bytes BytesOf(const T& record) {
   return BytesAt(&record, sizeof(T));
 }
 
-// Version, length and property.
-using Envelope = std::array<uint32_t, 3>;
+// The first four words of a record, paddings among them.
+using Words = std::array<uint32_t, 4>;
 
-template <typename Payload>
-Envelope EnvelopeOf(const Payload& payload) {
-  return {payload.version, payload.len, payload.prop};
+template <typename T>
+Words WordsOf(const T& record) {
+  Words words = {};
+  std::memcpy(words.data(), &record, sizeof words);
+  return words;
 }

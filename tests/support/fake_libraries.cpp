@@ -89,12 +89,12 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
 
   int Init(const std::string& arg) override {
     NoteCall("algo Init " + arg);
-    return Algo().init_result;
+    return Finish(Algo().init_result);
   }
 
   int DeInit() override {
     NoteCall("algo DeInit");
-    return -1;  // ignored
+    return Finish(-1);  // ignored
   }
 
   int SetProperty(const tarn::TarnPayload& /*payload*/) override { return kUnexpected; }
@@ -109,10 +109,15 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
     Algo().blank = RecordIn<tarn::PccMergeOutput>(*out);
     RecordIn<tarn::PccMergeOutput>(*out).result = Algo().merged[Algo().merges.size() % 2];
     Algo().merges.push_back(RecordIn<tarn::PccMergeInput>(in));
-    return Algo().merge_result;
+    return Finish(Algo().merge_result);
   }
 
  private:
+  static int Finish(int result) {
+    if (Algo().during_call) Algo().during_call();
+    return result;
+  }
+
   static constexpr int kUnexpected = -1;
 };
 
@@ -131,6 +136,7 @@ tarn::ModeParserIntf* MakeFakeParser(int major_version, int minor_version) {
 }
 
 tarn::TarnAlgoIntf* MakeFakeAlgo(int major_version, int minor_version) {
+  if (Algo().during_call) Algo().during_call();
   auto object = Algo().makes_object ? std::make_unique<ScriptedAlgo>() : nullptr;
   Note(FactoryEvent("algo", major_version, minor_version));
   return object.release();

@@ -40,6 +40,7 @@ struct FakeAlgo {
   bool makes_object = true;
   int init_result = 0;
   int merge_result = 0;
+  std::function<void()> during_call;          // runs inside the factory and every operation
   std::array<pcc_coeff_data, 2> merged = {};  // the answers, in turn
 
   std::vector<tarn::PccMergeInput> merges;  // what each was asked

@@ -53,7 +53,20 @@ ExactSum ExactSum::Times(double factor) const {
 
 double ExactSum::Value() const {
   double sum = 0;
-  for (const double part : parts_) sum += part;
+  double error = 0;  // of `sum`, until a part is lost to rounding
+  auto part = parts_.rbegin();
+  while (part != parts_.rend() && error == 0) {
+    const double before = sum;
+    sum = before + *part;
+    error = *part - (sum - before);
+    ++part;
+  }
+  // Halfway between two doubles the even one was taken. Smaller parts, if there are any, tell
+  // which is nearer: the next has their sign.
+  if (part != parts_.rend() && std::signbit(*part) == std::signbit(error)) {
+    const double other = sum + 2 * error;
+    if (other - sum == 2 * error) sum = other;
+  }
   return sum;
 }
 

@@ -26,7 +26,7 @@ class ExactSum {
   // not to be used.
   bool IsExact() const { return exact_; }
 
-  // The value as a double.
+  // The value, rounded once: to the nearest double, of two equally near ones to the even one.
   double Value() const;
 
  private:

@@ -12,10 +12,10 @@ namespace {
 // A polynomial of red, green and blue of any degree.
 using Polynomial = std::map<Exponents, ExactSum>;
 
-Polynomial Multiply(const Polynomial& a, const PccRow& b) {
+Polynomial Multiply(const Polynomial& a, const zeltarn::PccRow& b) {
   Polynomial product;
   for (const auto& [exponents, coefficient] : a) {
-    for (size_t term = 0; term < kPccTerms; ++term) {
+    for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
       if (b[term] == 0) continue;
       Exponents sum = exponents;
       for (size_t i = 0; i < 3; ++i) {
@@ -29,7 +29,7 @@ Polynomial Multiply(const Polynomial& a, const PccRow& b) {
 
 // The product of the rows of `active`, each as often as `exponents` says.
 Polynomial Monomial(const pcc_coeff_data& active, const Exponents& exponents) {
-  const std::array<const PccRow*, 3> rows = {&active.r, &active.g, &active.b};
+  const std::array<const zeltarn::PccRow*, 3> rows = {&active.r, &active.g, &active.b};
   Polynomial product = {{{0, 0, 0}, ExactSum(1)}};
   for (size_t i = 0; i < 3; ++i) {
     for (uint8_t n = 0; n < exponents[i]; ++n) product = Multiply(product, *rows[i]);
@@ -37,28 +37,30 @@ Polynomial Monomial(const pcc_coeff_data& active, const Exponents& exponents) {
   return product;
 }
 
-using Monomials = std::array<Polynomial, kPccTerms>;
+using Monomials = std::array<Polynomial, zeltarn::kPccTerms>;
 
-ComposeError ComposeRow(const PccRow& trans, const Monomials& monomials, PccRow* result) {
+ComposeError ComposeRow(const zeltarn::PccRow& trans, const Monomials& monomials,
+                        zeltarn::PccRow* result) {
   Polynomial sum;
-  for (size_t term = 0; term < kPccTerms; ++term) {
+  for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     for (const auto& [exponents, coefficient] : monomials[term]) {
       sum[exponents].Add(coefficient.Times(trans[term]));
     }
   }
   *result = {};
   for (const auto& [exponents, coefficient] : sum) {
-    if (!coefficient.IsExact()) return ComposeError::kOutOfRange;
+    const double value = coefficient.Value();
+    if (!coefficient.IsExact() || !std::isfinite(value)) return ComposeError::kOutOfRange;
     if (coefficient.IsZero()) continue;
     const auto* term = std::find(kPccExponents.begin(), kPccExponents.end(), exponents);
     if (term == kPccExponents.end()) return ComposeError::kNotRepresentable;
-    (*result)[static_cast<size_t>(term - kPccExponents.begin())] = coefficient.Value();
+    (*result)[static_cast<size_t>(term - kPccExponents.begin())] = value;
   }
   return ComposeError::kNone;
 }
 
 bool IsFinite(const pcc_coeff_data& pcc) {
-  const auto finite = [](const PccRow& row) {
+  const auto finite = [](const zeltarn::PccRow& row) {
     return std::all_of(row.begin(), row.end(), [](double c) { return std::isfinite(c); });
   };
   return finite(pcc.r) && finite(pcc.g) && finite(pcc.b);
@@ -68,7 +70,7 @@ bool IsFinite(const pcc_coeff_data& pcc) {
 
 std::array<double, 3> Evaluate(const pcc_coeff_data& pcc, const std::array<double, 3>& rgb) {
   std::array<double, 3> out = {};
-  for (size_t term = 0; term < kPccTerms; ++term) {
+  for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     double product = 1;
     for (size_t i = 0; i < 3; ++i) {
       for (uint8_t n = 0; n < kPccExponents[term][i]; ++n) product *= rgb[i];
@@ -84,7 +86,7 @@ ComposeError Compose(const pcc_coeff_data& trans, const pcc_coeff_data& active,
                      pcc_coeff_data* result) {
   if (!IsFinite(trans) || !IsFinite(active)) return ComposeError::kNotFinite;
   Monomials monomials;
-  for (size_t term = 0; term < kPccTerms; ++term) {
+  for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     const bool needed = trans.r[term] != 0 || trans.g[term] != 0 || trans.b[term] != 0;
     if (needed) monomials[term] = Monomial(active, kPccExponents[term]);
   }

@@ -10,20 +10,10 @@ double ShareOfRange(double luminance, const Luminance& panel) {
   return std::clamp((luminance - panel.black) / (panel.peak - panel.black), 0.0, 1.0);
 }
 
-// Linear between the measurements, from column `from` to column `to`.
-double Interpolate(const std::vector<RampPoint>& ramp, double RampPoint::*from,
-                   double RampPoint::*to, double value) {
-  const auto after = std::find_if(ramp.begin() + 1, ramp.end() - 1,
-                                  [&](const RampPoint& p) { return p.*from >= value; });
-  const RampPoint& low = *(after - 1);
-  const RampPoint& high = *after;
-  const double share = (value - low.*from) / (high.*from - low.*from);
-  return low.*to + share * (high.*to - low.*to);
-}
-
 }  // namespace
 
-double ToLight(const TransferFunction& function, const Luminance& panel, double signal) {
+double ToLight(const TransferFunction& function, const Luminance& panel, size_t channel,
+               double signal) {
   switch (function.curve) {
     case Curve::kLinear:
       return signal;
@@ -32,25 +22,27 @@ double ToLight(const TransferFunction& function, const Luminance& panel, double 
     case Curve::kSrgb:
       return SrgbToLight(signal);
     case Curve::kRamp:
-      return Interpolate(function.ramp, &RampPoint::signal, &RampPoint::light, signal);
+      return Interpolate(function.ramps[channel], &RampPoint::signal, &RampPoint::light, signal);
     case Curve::kBt1886:
       return ShareOfRange(Bt1886ToLuminance(signal, panel), panel);
     case Curve::kHlg:
       return ShareOfRange(HlgToLuminance(signal, panel), panel);
     case Curve::kSt2084:
-      return ShareOfRange(PqToLuminance(signal), panel);
+      return ShareOfRange(
+          function.content ? PqRolledOff(signal, *function.content, panel) : PqToLuminance(signal),
+          panel);
   }
   return signal;
 }
 
-double ToSignal(const TransferFunction& function, double light) {
+double ToSignal(const TransferFunction& function, size_t channel, double light) {
   switch (function.curve) {
     case Curve::kGamma:
       return std::pow(light, 1 / function.gamma);
     case Curve::kSrgb:
       return SrgbToSignal(light);
     case Curve::kRamp:
-      return Interpolate(function.ramp, &RampPoint::light, &RampPoint::signal, light);
+      return Interpolate(function.ramps[channel], &RampPoint::light, &RampPoint::signal, light);
     default:
       return light;
   }

@@ -20,7 +20,7 @@ std::string Expected(const char* what, T low, T high) {
 
 }  // namespace
 
-void JsonValue::Refuse(const std::string& reason) const { throw PanelError(path_ + ": " + reason); }
+void JsonValue::Refuse(const std::string& reason) const { throw PanelError(Located(reason)); }
 
 bool JsonValue::Bool() const {
   if (!value_->is_boolean()) Refuse("expected true or false");

@@ -26,6 +26,9 @@ class JsonValue {
 
   [[noreturn]] void Refuse(const std::string& reason) const;
 
+  // A text about the value, with its path.
+  std::string Located(const std::string& text) const { return path_ + ": " + text; }
+
   bool IsString() const { return value_->is_string(); }
   bool IsObject() const { return value_->is_object(); }
   bool IsArray() const { return value_->is_array(); }

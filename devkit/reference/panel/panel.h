@@ -17,8 +17,10 @@ namespace tarn::reference {
 using Blocks = std::vector<HwConfigPayload>;
 
 enum class GamutMapping {
-  kNone,        // what the panel can't show is clipped behind the PCC block
+  kNone,        // what the panel can't show is clipped after the PCC block
   kDesaturate,  // it is drawn towards the grey of its own luminance
+  kNearest,     // it becomes the nearest colour that the panel has
+  kCompress,    // it is drawn in along its hue, with what lies near the boundary
 };
 
 // How content of a mode is to be understood.
@@ -44,6 +46,7 @@ struct Panel {
   uint32_t bit_depth = 0;
   Blocks dither;  // answer to kZelPbDitherHwConfig
   std::vector<Mode> modes;
+  std::vector<std::string> notes;  // what was done to measurements, a line each, with its place
 };
 
 }  // namespace tarn::reference

@@ -56,13 +56,13 @@ ColorMode ReadId(ObjectReader* in) {
   return id;
 }
 
-Mode ReadMode(const JsonValue& value, const Panel& panel) {
+Mode ReadMode(const JsonValue& value, const Panel& panel, std::vector<std::string>* notes) {
   ObjectReader in(value);
   Mode mode = {.id = ReadId(&in),
                .target = {.primaries = panel.primaries, .transfer = panel.transfer},
                .blocks = {},
                .sw_assets = {}};
-  if (const auto target = in.Find("target")) mode.target = ReadTarget(*target, panel);
+  if (const auto target = in.Find("target")) mode.target = ReadTarget(*target, panel, notes);
   if (const auto blocks = in.Find("blocks")) mode.blocks = ReadBlocks(*blocks, panel.bit_depth);
   if (const auto assets = in.Find("sw_assets")) {
     mode.sw_assets = ReadBlocks(*assets, panel.bit_depth);
@@ -92,7 +92,7 @@ Panel ReadRoot(const JsonValue& value) {
     panel.dither.push_back(ReadDither(*dither, panel.bit_depth));
   }
   for (const JsonValue& element : in.Need("modes").Elements(1, kMaxModes)) {
-    Mode mode = ReadMode(element, panel);
+    Mode mode = ReadMode(element, panel, &panel.notes);
     CheckUnique(mode, panel.modes, element);
     panel.modes.push_back(std::move(mode));
   }
@@ -105,7 +105,9 @@ Panel ReadRoot(const JsonValue& value) {
 Panel ReadPanel(const std::string& path) {
   try {
     const nlohmann::json root = ReadJsonFile(path);
-    return ReadRoot(JsonValue(root, "$"));
+    Panel panel = ReadRoot(JsonValue(root, "$"));
+    for (std::string& note : panel.notes) note.insert(0, path + ": ");
+    return panel;
   } catch (const PanelError& error) {
     throw PanelError(path + ": " + error.what());
   }

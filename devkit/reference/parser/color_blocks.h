@@ -8,14 +8,14 @@ namespace tarn::reference {
 
 // Those of all tables, until the host sets others.
 struct Dimensions {
-  TableDimensions igc = kDefaultInverseGamma;
-  TableDimensions gc = kDefaultGamma;
-  TableDimensions gamut = kDefaultGamut;
+  zeltarn::TableDimensions igc = zeltarn::kDefaultInverseGamma;
+  zeltarn::TableDimensions gc = zeltarn::kDefaultGamma;
+  zeltarn::TableDimensions gamut = zeltarn::kDefaultGamut;
 };
 
-HwConfigPayload GamutBlock(const Panel& panel, const Target& target, const TableDimensions& size);
-HwConfigPayload IgcBlock(const Panel& panel, const Target& target, const TableDimensions& size);
-HwConfigPayload GcBlock(const Panel& panel, const TableDimensions& size);
+HwConfigPayload IgcBlock(const Panel& panel, const Target& target,
+                         const zeltarn::TableDimensions& size);
+HwConfigPayload GcBlock(const Panel& panel, const zeltarn::TableDimensions& size);
 HwConfigPayload PccBlock(const Panel& panel, const Target& target);
 
 }  // namespace tarn::reference

@@ -8,6 +8,7 @@
 #include "devkit/reference/gamut_lut.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
+#include "devkit/reference/parser/gamut_table.h"
 #include "handlers/post_blend_hw_config.h"
 #include "interface/result_codes.h"
 
@@ -31,16 +32,16 @@ struct Table {
   uint32_t version;  // of its PostBlendHwConfig
   uint32_t min_entries;
   uint32_t max_entries;
-  TableDimensions Dimensions::*size;
+  zeltarn::TableDimensions Dimensions::*size;
 };
 
 const Table* FindTable(uint32_t prop) {
   static constexpr Table kGamut = {"gamut", GamutPostBlendConfig::kVersion, kGamutSide, kGamutSide,
                                    &Dimensions::gamut};
   static constexpr Table kGc = {"gamma", GammaPostBlendConfig::kVersion, kMinGammaEntries,
-                                kMaxGammaEntries, &Dimensions::gc};
+                                zeltarn::kMaxGammaEntries, &Dimensions::gc};
   static constexpr Table kIgc = {"inverse gamma", GammaPostBlendConfig::kVersion, kMinGammaEntries,
-                                 kMaxGammaEntries, &Dimensions::igc};
+                                 zeltarn::kMaxGammaEntries, &Dimensions::igc};
   switch (prop) {
     case kZelPostBlendGamutHwConfig:
       return &kGamut;
@@ -65,6 +66,7 @@ std::string OutOfRange(const Table& table, const char* what, uint32_t value, uin
 int ModeParser::Init(const std::string& arg) {
   try {
     panel_ = ReadPanel(arg);
+    for (const std::string& note : panel_->notes) LogInfo(kTag, note);
     return kOk;
   } catch (const PanelError& error) {
     return Refuse(error.what());
@@ -81,7 +83,7 @@ int ModeParser::SetProperty(const TarnPayload& payload) {
   if (table == nullptr) return Refuse("no property " + std::to_string(payload.prop) + " to set");
   const auto* config = RecordOf<PostBlendHwConfig>(&payload, kTag, table->version);
   if (config == nullptr) return kErrInvalid;
-  const TableDimensions size = {config->num_of_entries, config->bit_depth};
+  const zeltarn::TableDimensions size = {config->num_of_entries, config->bit_depth};
   if (size.num_of_entries < table->min_entries || size.num_of_entries > table->max_entries) {
     return Refuse(
         OutOfRange(*table, "entries", size.num_of_entries, table->min_entries, table->max_entries));

@@ -14,7 +14,7 @@ class GamutBlock {
   // Throws std::runtime_error for a table of another inner layout.
   explicit GamutBlock(const velaricolor::HwConfigOutputParams& output);
 
-  // Linear light from 0 to 1 to linear light; a block that is disabled or absent
+  // Linear light from 0 to 1 to linear light (gamut_lut.h); a block that is disabled or absent
   // lets it pass.
   tarn::color::Vec3 Apply(const tarn::color::Vec3& light) const;
 

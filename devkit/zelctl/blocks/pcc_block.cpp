@@ -10,6 +10,7 @@
 namespace zelctl {
 
 using tarn::color::Vec3;
+using tarn::reference::kPccRange;
 
 PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output) {
   const auto* payload = FindBlock(output, velaricolor::kPostBlendPCC);
@@ -20,11 +21,10 @@ PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output) {
 
 Vec3 ApplyPcc(const PccCopy& pcc, const Vec3& light) {
   if (!pcc || !pcc->enable) return light;
-  constexpr double kUnit = 255;
-  Vec3 result = tarn::reference::Evaluate(pcc->coeffs,
-                                          {kUnit * light[0], kUnit * light[1], kUnit * light[2]});
+  Vec3 result = tarn::reference::Evaluate(
+      pcc->coeffs, {kPccRange * light[0], kPccRange * light[1], kPccRange * light[2]});
   for (double& component : result) {
-    component /= kUnit;
+    component /= kPccRange;
     if (!std::isfinite(component)) {
       throw std::runtime_error(velaricolor::kPostBlendPCC + ": its coefficients are too large");
     }

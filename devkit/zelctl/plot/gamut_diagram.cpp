@@ -30,7 +30,7 @@ Vec3 OnHueCircle(double position) {
 
 std::optional<Chromaticity> Shown(const Panel& panel, const Vec3& drive) {
   Vec3 light;
-  for (size_t i = 0; i < 3; ++i) light[i] = ToLight(panel.transfer, panel.luminance, drive[i]);
+  for (size_t i = 0; i < 3; ++i) light[i] = ToLight(panel.transfer, panel.luminance, i, drive[i]);
   const Vec3 xyz = tarn::color::Multiply(RgbToXyz(panel.primaries), light);
   const double sum = xyz[0] + xyz[1] + xyz[2];
   if (sum <= 0) return std::nullopt;

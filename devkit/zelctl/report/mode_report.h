@@ -15,7 +15,7 @@ struct Report {
   std::string panel_path;  // as the user gave it
   tarn::reference::Panel panel;
   std::vector<ModeEvaluation> modes;
-  bool has_settings = false;  // colour transform, LTM or dimming
+  std::vector<std::string> problems;  // what the host did not get whole
   std::optional<MeasuredSummary> measured;
 };
 

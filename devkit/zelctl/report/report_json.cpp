@@ -137,7 +137,8 @@ Json ReportJson(const Report& report) {
                  {"black", panel.luminance.black},
                  {"bit_depth", panel.bit_depth}}},
                {"output_bits", kOutputBits},
-               {"modes", std::move(modes)}};
+               {"modes", std::move(modes)},
+               {"problems", report.problems}};
   if (report.measured) json["measured"] = MeasuredJson(*report.measured);
   return json;
 }

@@ -113,6 +113,7 @@ int AlgoSubject::Merge(const pcc_coeff_data& trans, const pcc_coeff_data& active
   tarn::PccMergeOutput merged;
   auto in = tarn::Wrap(&operands);  // not const, for a library may write to it
   auto out = tarn::Wrap(&merged);
+  Doing("merging");
   const int code = object->ProcessOps(op, in, &out);
   left_alone.See(SameBits(operands, operands_before), "merge", "the operands were written to");
   left_alone.See(merged.version == tarn::PccMergeOutput::kVersion, "merge",

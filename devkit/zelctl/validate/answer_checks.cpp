@@ -66,7 +66,7 @@ void ForGammaLists(const Entry& entry, Check check) {
   if (!igc && entry.Block().hw_block != velaricolor::kPostBlendGC) return;
   const auto* record = RecordOf<tarn::GammaPostBlendConfig>(entry.Block());
   if (record == nullptr) return;
-  const TableDimensions& size = igc ? entry.answer.sizes.igc : entry.answer.sizes.gc;
+  const zeltarn::TableDimensions& size = igc ? entry.answer.sizes.igc : entry.answer.sizes.gc;
   check(record->c0, size, entry.Place() + " c0");
   check(record->c1, size, entry.Place() + " c1");
   check(record->c2, size, entry.Place() + " c2");
@@ -75,43 +75,46 @@ void ForGammaLists(const Entry& entry, Check check) {
 using Codes = std::vector<uint32_t>;
 
 // The part of a list that reaches the host.
-Codes::const_iterator EndOfUsed(const Codes& codes, const TableDimensions& size) {
+Codes::const_iterator EndOfUsed(const Codes& codes, const zeltarn::TableDimensions& size) {
   return codes.begin() +
          static_cast<std::ptrdiff_t>(std::min<size_t>(codes.size(), size.num_of_entries));
 }
 
 void CheckListLengths(const Entry& entry, Tally* tally) {
-  ForGammaLists(entry, [&](const Codes& codes, const TableDimensions& size, const auto& place) {
-    tally->See(codes.size() >= size.num_of_entries, place,
-               Instead("entries", codes.size(), size.num_of_entries));
-  });
+  ForGammaLists(entry,
+                [&](const Codes& codes, const zeltarn::TableDimensions& size, const auto& place) {
+                  tally->See(codes.size() >= size.num_of_entries, place,
+                             Instead("entries", codes.size(), size.num_of_entries));
+                });
 }
 
 void CheckCodeDepth(const Entry& entry, Tally* tally) {
-  ForGammaLists(entry, [&](const Codes& codes, const TableDimensions& size, const auto& place) {
-    const auto end = EndOfUsed(codes, size);
-    const auto largest = std::max_element(codes.begin(), end);
-    if (largest == end) return;
-    tally->See(
-        (uint64_t{*largest} >> size.bit_depth) == 0, place,
-        "code " + std::to_string(*largest) + " for " + std::to_string(size.bit_depth) + " bits");
-  });
+  ForGammaLists(entry,
+                [&](const Codes& codes, const zeltarn::TableDimensions& size, const auto& place) {
+                  const auto end = EndOfUsed(codes, size);
+                  const auto largest = std::max_element(codes.begin(), end);
+                  if (largest == end) return;
+                  tally->See((uint64_t{*largest} >> size.bit_depth) == 0, place,
+                             "code " + std::to_string(*largest) + " for " +
+                                 std::to_string(size.bit_depth) + " bits");
+                });
 }
 
 void CheckCodesRise(const Entry& entry, Tally* tally) {
-  ForGammaLists(entry, [&](const Codes& codes, const TableDimensions& size, const auto& place) {
-    const auto end = EndOfUsed(codes, size);
-    const auto fall = std::is_sorted_until(codes.begin(), end);
-    tally->See(fall == end, place,
-               "falls at entry " + std::to_string(std::distance(codes.begin(), fall)));
-  });
+  ForGammaLists(
+      entry, [&](const Codes& codes, const zeltarn::TableDimensions& size, const auto& place) {
+        const auto end = EndOfUsed(codes, size);
+        const auto fall = std::is_sorted_until(codes.begin(), end);
+        tally->See(fall == end, place,
+                   "falls at entry " + std::to_string(std::distance(codes.begin(), fall)));
+      });
 }
 
 void CheckPccFinite(const Entry& entry, Tally* tally) {
   if (entry.Block().hw_block != velaricolor::kPostBlendPCC) return;
   const auto* record = RecordOf<tarn::PccPostBlendConfig>(entry.Block());
   if (record == nullptr) return;
-  for (const PccRow& row : {record->coeffs.r, record->coeffs.g, record->coeffs.b}) {
+  for (const zeltarn::PccRow& row : {record->coeffs.r, record->coeffs.g, record->coeffs.b}) {
     tally->See(std::all_of(row.begin(), row.end(), [](double c) { return std::isfinite(c); }),
                entry.Place(), "a coefficient is no finite number");
   }

@@ -13,8 +13,8 @@ namespace zelctl {
 // What the plug-in needs of the two gamma blocks' tables.
 struct TableSizes {
   // Until it sets any it states no depth: every code fits.
-  TableDimensions igc = {kDefaultInverseGamma.num_of_entries, 32};
-  TableDimensions gc = {kDefaultGamma.num_of_entries, 32};
+  zeltarn::TableDimensions igc = {zeltarn::kDefaultInverseGamma.num_of_entries, 32};
+  zeltarn::TableDimensions gc = {zeltarn::kDefaultGamma.num_of_entries, 32};
 };
 
 struct Answer {

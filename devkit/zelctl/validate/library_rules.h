@@ -12,6 +12,7 @@
 #include "bridge/library_handle.h"
 #include "bridge/tarn_intf.h"
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/validate/cxx_runtime.h"
 #include "devkit/zelctl/validate/rule.h"
 #include "interface/payload.h"
 
@@ -23,11 +24,15 @@ template <typename Interface>
 struct LibrarySubject {
   using Factory = Interface* (*)(int, int);
 
-  LibrarySubject(std::string file_to_open, std::string text)
-      : file(std::move(file_to_open)), arg(std::move(text)) {}
+  LibrarySubject(std::string file_to_open, std::string text, RuleChannel* listener)
+      : file(std::move(file_to_open)), arg(std::move(text)), channel(listener) {}
+
+  // Said before each call, for the library may not come back from it.
+  void Doing(const std::string& what) const { channel->Doing(what); }
 
   std::string file;  // a path, or a name for the loader to find
   std::string arg;
+  RuleChannel* channel;
   Stage stage = Stage::kNothing;
   velaricolor::LibraryHandle library;
   Factory factory = nullptr;
@@ -47,8 +52,13 @@ inline bool SameEnvelope(const tarn::TarnPayload& a, const tarn::TarnPayload& b)
 
 template <typename Subject>
 Finding Open(Subject& subject) {
+  subject.Doing("opening the library");
   if (!subject.library.Open(subject.file)) {
     return {subject.MayBeMissing() ? Verdict::kWarning : Verdict::kFailed, dlerror()};
+  }
+  if (const std::string other = ForeignCxxRuntime(subject.file); !other.empty()) {
+    return {Verdict::kFailed, "linked to another C++ runtime, " + other +
+                                  ": records hold strings and vectors of libc++"};
   }
   subject.stage = Stage::kOpened;
   return {Verdict::kPassed, subject.file};
@@ -67,6 +77,7 @@ Finding FindFactory(Subject& subject) {
 
 template <typename Subject>
 Finding MakeObject(Subject& subject) {
+  subject.Doing("calling the factory");
   const auto make = [&] {
     return subject.factory(tarn::kTarnMajorVersion, tarn::kTarnMinorVersion);
   };
@@ -79,6 +90,7 @@ Finding MakeObject(Subject& subject) {
 // A warning only: the plug-in never asks for another.
 template <typename Subject>
 Finding RefuseOtherVersions(Subject& subject) {
+  subject.Doing("calling the factory for other versions");
   Tally versions;
   for (const auto& [major, minor] : {std::pair(3, 0), {2, 1}, {1, 0}}) {
     const decltype(subject.object) other(subject.factory(major, minor));
@@ -90,6 +102,7 @@ Finding RefuseOtherVersions(Subject& subject) {
 
 template <typename Subject>
 Finding Initialise(Subject& subject) {
+  subject.Doing("calling Init");
   const int code = OnOwnThread([&] { return subject.object->Init(subject.arg); });
   if (code != 0) return {Verdict::kFailed, "Init answered " + CodeText(code)};
   subject.stage = Stage::kStarted;
@@ -98,8 +111,11 @@ Finding Initialise(Subject& subject) {
 
 template <typename Subject>
 Finding EndTwice(Subject& subject) {
+  subject.Doing("calling DeInit");
   subject.object->DeInit();
+  subject.Doing("calling DeInit a second time");
   subject.object->DeInit();
+  subject.Doing("destroying the object");
   subject.object.reset();
   return {Verdict::kPassed, "DeInit twice, then destroyed"};
 }
@@ -107,12 +123,14 @@ Finding EndTwice(Subject& subject) {
 // As a second Init of the plug-in does; destroyed without DeInit this time.
 template <typename Subject>
 Finding StartAgain(Subject& subject) {
+  subject.Doing("destroying the object");
   subject.object.reset();
   for (const auto step :
        {Open<Subject>, FindFactory<Subject>, MakeObject<Subject>, Initialise<Subject>}) {
     Finding finding = step(subject);
     if (finding.verdict != Verdict::kPassed) return {Verdict::kFailed, finding.seen};
   }
+  subject.Doing("destroying the object without DeInit");
   subject.object.reset();
   return {Verdict::kPassed, "reopened, initialised, destroyed without DeInit"};
 }

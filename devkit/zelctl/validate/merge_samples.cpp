@@ -9,7 +9,7 @@
 namespace zelctl {
 namespace {
 
-using Rows = std::array<PccRow, 3>;
+using Rows = std::array<zeltarn::PccRow, 3>;
 
 constexpr pcc_coeff_data Pcc(const Rows& rows) {
   return {.reserved = {}, .r = rows[0], .g = rows[1], .b = rows[2]};
@@ -53,10 +53,10 @@ pcc_coeff_data MergeAffine(const pcc_coeff_data& trans, const pcc_coeff_data& ac
 std::string FirstDifference(const pcc_coeff_data& found, const pcc_coeff_data& expected) {
   const struct {
     const char* name;
-    PccRow pcc_coeff_data::*row;
+    zeltarn::PccRow pcc_coeff_data::*row;
   } rows[] = {{"r", &pcc_coeff_data::r}, {"g", &pcc_coeff_data::g}, {"b", &pcc_coeff_data::b}};
   for (const auto& [name, row] : rows) {
-    for (size_t term = 0; term < kPccTerms; ++term) {
+    for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
       const double is = (found.*row)[term];
       const double should = (expected.*row)[term];
       if (std::abs(is - should) <= kMergeTolerance * std::max(1.0, std::abs(should))) continue;

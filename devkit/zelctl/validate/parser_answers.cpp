@@ -9,9 +9,10 @@ namespace {
 
 // What a host may set: short tables, the longest, the usual ones at last.
 const std::vector<TableSizes>& SizesToTry() {
-  static const std::vector<TableSizes> sizes = {{{33, 8}, {65, 10}},
-                                                {{kMaxGammaEntries, 12}, {kMaxGammaEntries, 12}},
-                                                {kDefaultInverseGamma, kDefaultGamma}};
+  static const std::vector<TableSizes> sizes = {
+      {{33, 8}, {65, 10}},
+      {{zeltarn::kMaxGammaEntries, 12}, {zeltarn::kMaxGammaEntries, 12}},
+      {zeltarn::kDefaultInverseGamma, zeltarn::kDefaultGamma}};
   return sizes;
 }
 
@@ -26,7 +27,7 @@ int SetSizes(ParserSubject& parser, const TableSizes& sizes) {
   const int igc = parser.SetSize(tarn::kZelPostBlendInverseGammaHwConfig, kGamma, sizes.igc);
   const int gc = parser.SetSize(tarn::kZelPostBlendGammaHwConfig, kGamma, sizes.gc);
   const int gamut = parser.SetSize(tarn::kZelPostBlendGamutHwConfig,
-                                   tarn::GamutPostBlendConfig::kVersion, kDefaultGamut);
+                                   tarn::GamutPostBlendConfig::kVersion, zeltarn::kDefaultGamut);
   return igc != 0 ? igc : gc != 0 ? gc : gamut;
 }
 

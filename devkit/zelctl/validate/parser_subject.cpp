@@ -48,6 +48,7 @@ void ParserSubject::NoteEnvelope(const tarn::TarnPayload& before, const tarn::Ta
 }
 
 int ParserSubject::FetchModes() {
+  Doing("asking for the mode list");
   auto envelope = tarn::Wrap(&modes, tarn::kZelModesList);
   const auto before = envelope;
   const int code = OnOwnThread([&] { return object->GetProperty(&envelope); });
@@ -64,9 +65,10 @@ int ParserSubject::Ask(const Question& question, tarn::HwConfigOutputParams* ans
   auto out = tarn::Wrap(answer, question.op ? 0 : uint32_t{tarn::kZelPbDitherHwConfig});
   const auto in_before = in;
   const auto out_before = out;
+  const std::string title = question.Title();
+  Doing("asking for " + title);
   const int code =
       question.op ? object->ProcessOps(*question.op, in, &out) : object->GetProperty(&out);
-  const std::string title = question.Title();
   NoteEnvelope(in_before, in, title);
   NoteEnvelope(out_before, out, title);
   left_alone.See(SameRequest(request_before, request), title, "the request was written to");
@@ -76,7 +78,7 @@ int ParserSubject::Ask(const Question& question, tarn::HwConfigOutputParams* ans
 }
 
 int ParserSubject::SetSize(tarn::ZelProperty property, uint32_t version,
-                           const TableDimensions& size) {
+                           const zeltarn::TableDimensions& size) {
   tarn::PostBlendHwConfig config = {.version = version,
                                     .num_of_entries = size.num_of_entries,
                                     .bit_depth = size.bit_depth,
@@ -84,8 +86,9 @@ int ParserSubject::SetSize(tarn::ZelProperty property, uint32_t version,
   const auto before = config;
   auto envelope = tarn::Wrap(&config, property);
   const auto envelope_before = envelope;
-  const int code = object->SetProperty(envelope);
   const std::string call = "property " + std::to_string(property);
+  Doing("setting " + call + " to " + std::to_string(size.num_of_entries) + " entries");
+  const int code = object->SetProperty(envelope);
   NoteEnvelope(envelope_before, envelope, call);
   left_alone.See(SameSize(before, config), call, "the record was written to");
   return code;

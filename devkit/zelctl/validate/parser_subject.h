@@ -35,7 +35,7 @@ struct ParserSubject : LibrarySubject<tarn::ModeParserIntf> {
   // leave alone.
   int FetchModes();
   int Ask(const Question& question, tarn::HwConfigOutputParams* answer);
-  int SetSize(tarn::ZelProperty property, uint32_t version, const TableDimensions& size);
+  int SetSize(tarn::ZelProperty property, uint32_t version, const zeltarn::TableDimensions& size);
 
   tarn::ColorModeList modes;
   TableSizes sizes;  // as last set

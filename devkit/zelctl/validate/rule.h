@@ -1,13 +1,19 @@
 // A rule of `validate`, and running a list of them.
 #pragma once
 
+#include <unistd.h>
+#include <algorithm>
 #include <array>
+#include <chrono>
 #include <exception>
+
 #include <functional>
+#include <set>
 #include <string>
 #include <vector>
 
 #include "devkit/zelctl/validate/finding.h"
+#include "devkit/zelctl/validate/rule_process.h"
 #include "devkit/zelctl/validate/rule_report.h"
 
 namespace zelctl {
@@ -38,9 +44,35 @@ Finding Judge(const Rule<Subject>& rule, Subject& subject) {
   }
 }
 
+// Runs the rules one after the other, for they build on each other, in a process of
+// their own. Where a library ends that process, the rule has failed, and another process
+// takes all rules but that one from the start, up to the next that has no result yet.
 template <typename Subject>
-void RunRules(const std::vector<Rule<Subject>>& rules, Subject* subject, RuleReport* report) {
-  for (const auto& rule : rules) report->Add(Subject::kLibrary, rule.name, Judge(rule, *subject));
+void RunRules(const std::vector<Rule<Subject>>& rules, const std::string& file,
+              const std::string& arg, std::chrono::seconds limit, RuleReport* report) {
+  std::set<size_t> fatal;
+  size_t next = 0;  // the first rule without a result
+  while (next < rules.size()) {
+    RuleProcess process([&](RuleChannel* channel) {
+      Subject subject(file, arg, channel);
+      for (size_t i = 0; i < rules.size(); ++i) {
+        if (fatal.count(i) == 0) channel->Found(Judge(rules[i], subject));
+      }
+      _exit(0);  // the library's end is a matter of rules before
+    });
+    for (size_t i = 0; i < rules.size(); ++i) {
+      if (fatal.count(i) != 0) continue;
+      RuleProcess::Outcome outcome = process.Await(limit);
+      const bool again = i < next;
+      if (outcome.ended) fatal.insert(i);
+      if (again && outcome.ended) {
+        outcome.finding.seen = "the second time: " + outcome.finding.seen;
+      }
+      if (!again || outcome.ended) report->Add(Subject::kLibrary, rules[i].name, outcome);
+      next = std::max(next, i + 1);
+      if (outcome.ended) break;
+    }
+  }
 }
 
 }  // namespace zelctl

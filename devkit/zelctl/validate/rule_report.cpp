@@ -1,7 +1,11 @@
 #include "devkit/zelctl/validate/rule_report.h"
 
 #include <algorithm>
+#include <iostream>
+#include <sstream>
 #include <stdexcept>
+
+#include "devkit/zelctl/errors.h"
 
 namespace zelctl {
 namespace {
@@ -19,16 +23,18 @@ std::string Padded(std::string text, size_t width) {
   return text;
 }
 
-// Labels and names are the library's; whatever they hold, a line stays a line.
-std::string OneLine(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, '?');
-  return text;
+// On the other stream, set off from the lines of rules.
+void PrintLibrarysOwn(const std::string& printed) {
+  std::istringstream lines(printed);
+  for (std::string line; std::getline(lines, line);) {
+    std::cerr << "    the library: " << OneLine(line) << '\n';
+  }
 }
 
 }  // namespace
 
-RuleReport::RuleReport(bool json, std::ostream* out) : json_(json), out_(out) {
+RuleReport::RuleReport(bool json, bool all_printed, std::ostream* out)
+    : json_(json), all_printed_(all_printed), out_(out) {
   if (!json_) PrintLine("LIBRARY", "RULE", "RESULT", "SEEN");
 }
 
@@ -39,7 +45,17 @@ void RuleReport::PrintLine(const std::string& library, const std::string& rule,
         << std::flush;
 }
 
-void RuleReport::Add(const std::string& library, const std::string& rule, const Finding& finding) {
+void RuleReport::PrintSkipped() {
+  const auto& [library, seen, rules] = skipped_;
+  if (rules.empty()) return;
+  const std::string rule = rules.size() == 1 ? rules[0] : std::to_string(rules.size()) + " rules";
+  PrintLine(library, rule, kResults[static_cast<size_t>(Verdict::kSkipped)], seen);
+  skipped_ = {};
+}
+
+void RuleReport::Add(const std::string& library, const std::string& rule,
+                     const RuleProcess::Outcome& outcome) {
+  const Finding& finding = outcome.finding;
   const auto verdict = static_cast<size_t>(finding.verdict);
   ++counts_[verdict];
   if (json_) {
@@ -47,12 +63,20 @@ void RuleReport::Add(const std::string& library, const std::string& rule, const 
                       {"rule", rule},
                       {"result", kResults[verdict]},
                       {"seen", finding.seen}});
+  } else if (finding.verdict == Verdict::kSkipped) {
+    if (skipped_.library != library || skipped_.seen != finding.seen) PrintSkipped();
+    skipped_.library = library;
+    skipped_.seen = finding.seen;
+    skipped_.rules.push_back(rule);
   } else {
+    PrintSkipped();
     PrintLine(library, rule, kResults[verdict], OneLine(finding.seen));
   }
+  if (finding.verdict == Verdict::kFailed || all_printed_) PrintLibrarysOwn(outcome.printed);
 }
 
 void RuleReport::Finish() {
+  if (!json_) PrintSkipped();
   Json counts;
   std::string line;
   for (size_t i = 0; i < counts_.size(); ++i) {
@@ -67,8 +91,7 @@ void RuleReport::Finish() {
   if (!out_->flush()) throw std::runtime_error("can't write to standard output");
   const size_t failed = counts_[static_cast<size_t>(Verdict::kFailed)];
   if (failed > 0) {
-    throw std::runtime_error(std::to_string(failed) + (failed == 1 ? " rule" : " rules") +
-                             " failed");
+    throw ReportedError(std::to_string(failed) + (failed == 1 ? " rule" : " rules") + " failed");
   }
 }
 

@@ -80,12 +80,28 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {"500", "10000, \"black\": 100", ""},
       {"500", "500, \"black\": 5.1", "$.panel.luminance.black: expected a number from 0 to 5"},
       {"\"srgb\"", "\"st2084\"", "$.panel.transfer: expected one of linear, srgb"},
-      {"\"srgb\"", "{}", "$.panel.transfer: expected the key \"gamma\" or \"ramp\""},
-      {"\"srgb\"", R"({"ramp": [[0, 1], [1, 1]]})", "$.panel.transfer.ramp[1]: signal and light"},
+      {"\"srgb\"", "{}", "$.panel.transfer: expected one of the keys \"gamma\" and \"ramp\""},
+      {"\"srgb\"", R"({"gamma": 2, "ramp": []})", "$.panel.transfer: expected one of the keys"},
+      {"\"srgb\"", R"({"gamma": 2, "fit": "none"})", "$.panel.transfer: unknown key \"fit\""},
+      {"\"srgb\"", R"({"ramp": [[0, 1]]})",
+       "$.panel.transfer.ramp: expected an array with a length from 2 to 1024"},
+      {"\"srgb\"", R"({"ramp": [[0, 1], [1, 1]]})",
+       "$.panel.transfer.ramp[1]: light must rise, by more than 1e-9 of its range (\"fit\": "
+       "\"isotonic\" evens it out)"},
       {"\"srgb\"", R"({"ramp": [[0, 0], [0, 1], [1, 2]]})", "$.panel.transfer.ramp[1]: signal"},
       {"\"srgb\"", R"({"ramp": [[0.1, 0], [1, 1]]})", "$.panel.transfer.ramp: signals must"},
-      {"\"srgb\"", R"({"gamma": 2, "ramp": []})",
-       "$.panel.transfer: expected \"gamma\" or \"ramp\""},
+      {"\"srgb\"", R"({"ramp": [[0, 0], [1, 1]], "full_scale": 255})",
+       "$.panel.transfer.ramp: signals must reach from 0 to 255"},
+      {"\"srgb\"", R"({"ramp": [[0, 0], [256, 1]], "full_scale": 255})",
+       "$.panel.transfer.ramp[1][0]: expected a number from 0 to 255"},
+      {"\"srgb\"", R"({"ramp": {"red": [[0, 0], [1, 1]], "green": [[0, 0], [1, 1]]}})",
+       "$.panel.transfer.ramp: key \"blue\" is missing"},
+      {"\"srgb\"", R"({"ramp": [[0, 1], [0.5, 3], [1, 2.9]], "fit": "isotonic"})",
+       "$.panel.transfer.ramp: light falls too far to be fitted"},
+      {"\"srgb\"", R"({"ramp": [[0, 2], [1, 1]], "fit": "isotonic"})",
+       "$.panel.transfer.ramp: light falls too far to be fitted"},
+      {"\"bt2020\"", R"("srgb", "transfer": {"st2084": {"peak": 1000, "black": 11}})",
+       "$.modes[1].target.transfer.st2084.black: expected a number from 0 to 10"},
       {"8}", "8, \"matrix\": [16]}", "$.dither.matrix: expected an array of 16"},
       {"8}", "8, \"matrix\": [" + fifteen + "16]}",
        "$.dither.matrix[15]: expected an integer from"},
@@ -115,6 +131,39 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
   }
   EXPECT_EQ(RefusalOfFile("/nonexistent/panel.json"), "No such file or directory");
   EXPECT_EQ(RefusalOfFile(testing::TempDir()), "not a file");
+}
+
+// The guide's smallest description, and the lines that it shows for what is refused.
+TEST(PanelFile, IsAsTheGuideSays) {
+  std::stringstream guide;
+  guide << std::ifstream(PANEL_GUIDE).rdbuf();
+  const std::string fence = "```json\n";
+  const size_t start = guide.str().find(fence) + fence.size();
+  const std::string smallest = guide.str().substr(start, guide.str().find("```", start) - start);
+  EXPECT_EQ(RefusalOf(smallest), "");
+
+  const size_t measured = guide.str().find(fence + "\"transfer\": {") + fence.size();
+  std::string with_ramps = kPanel;
+  const std::string by_name = R"("transfer": "srgb")";
+  with_ramps.replace(with_ramps.find(by_name), by_name.size(),
+                     guide.str().substr(measured, guide.str().find("```", measured) - measured));
+  EXPECT_EQ(RefusalOf(with_ramps), "") << with_ramps;
+
+  const struct {
+    std::string text;  // in the description above
+    std::string other;
+  } refused[] = {
+      {R"("luminance")", "\n\n}"},
+      {R"({"peak": 500})", "{\n\n\n\n\"peak\": 500, \"peak\": 600}"},
+      {"\n  ]", R"(, {"label": "third", "gamut": 1, "gamma": 0, "intent": 0,
+                     "target": {"primaries": "bt709"}} ])"},
+  };
+  for (const auto& [text, other] : refused) {
+    std::string changed = kPanel;
+    changed.replace(changed.find(text), text.size(), other);
+    EXPECT_NE(guide.str().find("phone.json: " + RefusalOf(changed) + '\n'), std::string::npos)
+        << RefusalOf(changed);
+  }
 }
 
 // What holds for every value and object that there can be.

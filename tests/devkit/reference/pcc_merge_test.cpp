@@ -33,7 +33,7 @@ TEST_F(PccMerge, EqualsApplyingOneAfterTheOther) {
   std::uniform_real_distribution<double> number(-1, 1);
   const auto matrix = [&](size_t terms) {
     pcc_coeff_data pcc = {};
-    for (PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
+    for (zeltarn::PccRow* row : {&pcc.r, &pcc.g, &pcc.b}) {
       for (size_t term = 0; term < terms; ++term) (*row)[term] = number(random);
     }
     return pcc;
@@ -62,7 +62,7 @@ TEST_F(PccMerge, IsExactOrRefused) {
   trans.r[4] = 1e20;
   trans.r[7] = trans.r[8] = -0.5e20;
   EXPECT_EQ(Merge(trans, active), 0);
-  EXPECT_EQ(output_.result.r, (PccRow{0, 0, 0, 0, 0, 0, 0, -0.5e20}));
+  EXPECT_EQ(output_.result.r, (zeltarn::PccRow{0, 0, 0, 0, 0, 0, 0, -0.5e20}));
   // A 1 beside 1e20 gets lost in doubles, but the powers no longer cancel.
   trans.r[6] = 1;
   EXPECT_EQ(Merge(trans, active), -EDOM);
@@ -77,6 +77,47 @@ TEST_F(PccMerge, IsExactOrRefused) {
     active.r[1] = second;
     EXPECT_EQ(Merge(trans, active), code) << first << " " << second;
     EXPECT_EQ(output_.result.r[1], code == 0 ? first * second : 0);
+  }
+}
+
+// The merge makes one coefficient of three: their sum, rounded to a double once.
+TEST_F(PccMerge, RoundsOnce) {
+  const auto sum_of = [&](const std::array<double, 3>& parts) {
+    pcc_coeff_data trans = {};
+    trans.r = {0, parts[0], parts[1], parts[2]};
+    EXPECT_EQ(Merge(trans, {{}, {0, 1}, {0, 1}, {0, 1}}), 0);
+    return output_.result.r[1];
+  };
+  const struct {
+    std::array<double, 3> parts;
+    double sum;
+  } cases[] = {
+      {{1, 0x1p-53, 0x1p-120}, 1 + 0x1p-52},  // halfway, and a little more
+      {{1, 0x1p-53, -0x1p-120}, 1},
+      {{1, 0x1p-53, 0}, 1},  // halfway: the even one
+      {{1 + 0x1p-52, 0x1p-53, 0}, 1 + 0x1p-51},
+      {{1 + 0x1p-52, 0x1p-53, -0x1p-120}, 1 + 0x1p-52},
+      {{-1, -0x1p-53, -0x1p-120}, -1 - 0x1p-52},
+      {{1, -0x1p-54, -0x1p-120}, 1 - 0x1p-53},
+      {{1, -0x1p-54, 0x1p-120}, 1},
+      {{0x1p-300, 1, 0x1p-53}, 1 + 0x1p-52},
+      {{1, 0x1p-60, -1}, 0x1p-60},
+  };
+  for (const auto& [parts, sum] : cases) {
+    EXPECT_EQ(sum_of(parts), sum) << parts[0] << " " << parts[1] << " " << parts[2];
+  }
+  // Whole numbers of up to 120 bits, which the compiler rounds.
+  std::mt19937_64 random(2);
+  for (int i = 0; i < 10000; ++i) {
+    std::array<double, 3> parts;
+    __int128 exact = 0;
+    for (double& part : parts) {
+      const auto digits = static_cast<int64_t>(random()) >> (11 + random() % 40);
+      const int shift = static_cast<int>(random() % 66);
+      part = std::ldexp(static_cast<double>(digits), shift);
+      exact += static_cast<__int128>(digits) * (static_cast<__int128>(1) << shift);
+    }
+    ASSERT_EQ(sum_of(parts), static_cast<double>(exact)) << parts[0] << " " << parts[1];
   }
 }
 

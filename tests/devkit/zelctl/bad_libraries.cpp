@@ -1,8 +1,12 @@
 // A mode parser and an algorithm library in one, for the tests of zelctl validate:
 // without a fault, but for the one that the environment variable FAULT names.
 #include <algorithm>
+#include <chrono>
 #include <cmath>
+#include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <iostream>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -27,6 +31,14 @@ bool Has(const std::string& fault) {
 
 int calls = 0;
 
+// Ends the process as the fault says that is named after what is going on.
+void DieIfAsked(const std::string& place) {
+  if (Has("crashes" + place)) std::raise(SIGSEGV);
+  if (Has("aborts" + place)) std::abort();
+  if (Has("hangs" + place)) std::this_thread::sleep_for(std::chrono::hours(1));
+  if (Has("exits" + place)) std::exit(place.empty() ? 0 : 7);
+}
+
 template <typename T>
 T* RecordIn(const tarn::TarnPayload& envelope) {
   return static_cast<T*>(envelope.payload);
@@ -37,6 +49,12 @@ template <typename Interface>
 class BadLibrary : public Interface {
  public:
   int Init(const std::string& /*arg*/) override {
+    DieIfAsked("");
+    if (Has("prints")) std::puts("hello");
+    if (Has("prints and fails")) {
+      std::cerr << "no licence for x" << std::endl;
+      return -1;
+    }
     if (Has("Init throws")) throw std::runtime_error("no panel");
     const bool again = std::getenv("STARTED") != nullptr;
     setenv("STARTED", "1", 1);
@@ -44,6 +62,7 @@ class BadLibrary : public Interface {
   }
 
   int DeInit() override {
+    DieIfAsked(" in DeInit");
     if (ended_ && Has("ends once")) throw std::runtime_error("ended twice");
     ended_ = true;
     return -1;  // ignored
@@ -57,7 +76,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
  public:
   int SetProperty(const tarn::TarnPayload& payload) override {
     auto* config = RecordIn<tarn::PostBlendHwConfig>(payload);
-    const TableDimensions size = {config->num_of_entries, config->bit_depth};
+    const zeltarn::TableDimensions size = {config->num_of_entries, config->bit_depth};
     if (Has("writes size")) config->num_of_entries = 0;
     if (Has("refuses sizes")) return -22;
     if (Has("forgets sizes")) return 0;
@@ -90,11 +109,12 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     auto* request = RecordIn<tarn::ModeRenderInputParams>(in);
     auto* answer = RecordIn<tarn::HwConfigOutputParams>(*out);
     if (request->mode.gamut > 2 && !Has("any mode")) return -22;
+    DieIfAsked(op == tarn::kZelModeSwAssets ? " in software assets" : " in a render intent");
     if (Has("writes request")) request->aux_word = 1;
     if (Has("writes envelope")) out->len = 0;
     if (Has("writes answer version")) answer->version = 56;
     if (op == tarn::kZelModeSwAssets) {
-      if (Has("crashes")) std::_Exit(3);
+      if (Has("is killed")) std::raise(SIGKILL);
       return Has("assets fail") ? -5 : 0;
     }
     if (Has("render fails")) return -5;
@@ -110,7 +130,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     answer->payloads.push_back({.hw_block = name, .payload = std::move(record), .len = sizeof(T)});
   }
 
-  static std::shared_ptr<tarn::GammaPostBlendConfig> Table(const TableDimensions& size) {
+  static std::shared_ptr<tarn::GammaPostBlendConfig> Table(const zeltarn::TableDimensions& size) {
     auto table = std::make_shared<tarn::GammaPostBlendConfig>();
     table->c0.assign(size.num_of_entries, 1);
     table->c0.back() = Has("code too large") ? 1U << size.bit_depth : Has("codes fall") ? 0 : 2;
@@ -120,7 +140,8 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
   }
 
   void AddBlocks(tarn::HwConfigOutputParams* answer) const {
-    Add("PostBlendIGC", Table(Has("refuses sizes") ? TableDimensions{1024, 8} : igc_), answer);
+    Add("PostBlendIGC", Table(Has("refuses sizes") ? zeltarn::TableDimensions{1024, 8} : igc_),
+        answer);
     Add("PostBlendGC", Table(gc_), answer);
     auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
     pcc->coeffs.b[10] = Has("not a number") ? NAN : 1;
@@ -141,8 +162,8 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     if (Has("one thread") && std::this_thread::get_id() != made_by_) answer->payloads.clear();
   }
 
-  TableDimensions igc_ = kDefaultInverseGamma;
-  TableDimensions gc_ = kDefaultGamma;
+  zeltarn::TableDimensions igc_ = zeltarn::kDefaultInverseGamma;
+  zeltarn::TableDimensions gc_ = zeltarn::kDefaultGamma;
   std::thread::id made_by_ = std::this_thread::get_id();
 };
 
@@ -191,8 +212,9 @@ class BadAlgo : public BadLibrary<tarn::TarnAlgoIntf> {
 
 template <typename Interface, typename Library>
 Interface* Make(int major, int minor) {
-  if (Has("no object")) return nullptr;
   const bool known = major == 2 && minor == 0;
+  if (known) DieIfAsked(" in the factory");
+  if (Has("no object")) return nullptr;
   return known || Has("any version") ? new Library : nullptr;
 }
 

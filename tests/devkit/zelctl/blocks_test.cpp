@@ -48,6 +48,38 @@ TEST(Blocks, ComputeWithTheirOwnFigures) {
   EXPECT_DOUBLE_EQ(zelctl::ApplyPcc(offset, {0.4, 1, 1})[0], 0.4);
 }
 
+// Nodes hold the inverse colour, but in one corner.
+TEST(Blocks, GamutTableIsReadTetrahedrallyOnASquaredAxis) {
+  GamutLut lut = {.bit_depth = 8, .nodes = {}};
+  const auto code = [](size_t place) { return uint64_t{255} - place * place * 255 / 256; };
+  for (size_t node = 0; node < lut.nodes.size(); ++node) {
+    lut.nodes[node] = {code(node / 289), code(node / 17 % 17), code(node % 17)};
+  }
+  lut.nodes[tarn::reference::NodeIndex(16, 15, 15)] = {0, 0, 255};
+  const zelctl::GamutBlock block(Gamut(lut));
+  const double low = 225.0 / 256;  // the light of node 15
+  const auto mix = [low](double share) { return low + share * (1 - low); };
+  const struct {
+    tarn::color::Vec3 light;
+    tarn::color::Vec3 codes;  // of 255
+  } cases[] = {
+      {{1, 0, 0.25}, {0, 255, 192}},
+      {{1.5, -1, 1.0 / 512}, {0, 255, 255}},  // clipped
+      {{mix(0.5), mix(0.5), mix(0.5)}, {15.5, 15.5, 15.5}},
+      {{1, low, low}, {0, 0, 255}},
+      // Half of the odd corner, a quarter each of those before and after it.
+      {{mix(0.75), mix(0.25), low}, {7.75, 7.75, 143}},
+      // By way of blue the odd corner isn't met.
+      {{mix(0.5), low, mix(0.75)}, {15.5, 31, 7.75}},
+  };
+  for (const auto& test : cases) {
+    const auto found = block.Apply(test.light);
+    for (size_t i = 0; i < 3; ++i) {
+      EXPECT_NEAR(255 * found[i], test.codes[i], 1e-9) << test.light[0] << ", channel " << i;
+    }
+  }
+}
+
 std::string Problem(const HwConfigOutputParams& output) {
   try {
     BlockPipeline(output, 2, 10).Apply({1, 1, 1});
@@ -60,8 +92,10 @@ std::string Problem(const HwConfigOutputParams& output) {
 TEST(Blocks, UnusableRecordsAreRefused) {
   GamutLut large = {.bit_depth = 12, .nodes = {}};
   large.nodes.back()[2] = 4096;
+  const GamutLut even = {.bit_depth = 12, .axis = 0, .nodes = {}};
   const PccPostBlendConfig huge = {.enable = true, .coeffs = {.r = {0, 1e308, -1e308}}};
   EXPECT_EQ(Problem(Gamut(large)), "PostBlendGamut: its table is not of the layout in gamut_lut.h");
+  EXPECT_EQ(Problem(Gamut(even)), Problem(Gamut(large)));
   EXPECT_EQ(Problem(Igc({{{1}, {}, {1}}})), "PostBlendIGC c1: 0 entries, which is no table");
   EXPECT_EQ(Problem(Igc({{{0}, {0}, {4, 3}}})), "PostBlendIGC c2: code 4 in a table of 2 bits");
   EXPECT_EQ(Problem(Block("PostBlendPCC", huge)), "PostBlendPCC: its coefficients are too large");

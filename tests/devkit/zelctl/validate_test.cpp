@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <nlohmann/json.hpp>
+#include <sstream>
 #include <string>
 
 #include "tests/devkit/zelctl/run_zelctl.h"
@@ -121,10 +122,94 @@ TEST(Validate, SaysWhatWasSeen) {
   }
 }
 
-TEST(Validate, LinesBeforeACrashAreThere) {
-  const ZelctlRun run = RunZelctl("validate --parser " BAD_LIBRARIES, "FAULT=crashes");
-  const size_t last = run.out.rfind('\n', run.out.size() - 2) + 1;
-  EXPECT_EQ(run.out.substr(last), "parser     takes table sizes       passed   3 sizes taken\n");
+// The guide's example, whose lines follow each other but where it says "...".
+TEST(Validate, PrintsWhatTheGuideShows) {
+  const std::string guide = ReadFile(LIBRARY_GUIDE);
+  const size_t prompt = guide.find("$ zelctl validate ");
+  const size_t start = guide.find('\n', prompt) + 1;
+  std::istringstream shown(guide.substr(start, guide.find("```", start) - start));
+  const std::string out =
+      RunZelctl("validate --parser " BAD_LIBRARIES " --arg x", "FAULT='forgets sizes'").out;
+  size_t lines = 0;
+  size_t place = 0;
+  bool next = true;  // the line before is shown too
+  for (std::string line; std::getline(shown, line); ++lines) {
+    if (line == "...") {
+      next = false;
+      continue;
+    }
+    const size_t found = out.find(line + '\n', place);
+    ASSERT_NE(found, std::string::npos) << line << '\n' << out;
+    if (next) EXPECT_EQ(found, place) << line;
+    place = found + line.size() + 1;
+    next = true;
+  }
+  EXPECT_EQ(place, out.size());
+  EXPECT_GE(lines, 5);
+}
+
+// One line says the cause; the rules after it have results, and JSON is whole.
+TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
+  const struct {
+    const char* library;
+    const char* fault;
+    const char* rule;
+    const char* cause;
+  } cases[] = {
+      {"parser", "crashes in the factory", "makes an object",
+       "killed by signal 11 (SIGSEGV) while calling the factory"},
+      {"parser", "crashes", "initialises", "killed by signal 11 (SIGSEGV) while calling Init"},
+      {"parser", "aborts in a render intent", "render intents",
+       "killed by signal 6 (SIGABRT) while asking for render intent of one (1:1:0)"},
+      {"parser", "hangs", "initialises", "no answer in 1 s while calling Init"},
+      {"parser", "hangs in software assets", "software assets",
+       "no answer in 1 s while asking for software assets of one (1:1:0)"},
+      {"parser", "exits", "initialises", "ended the process with status 0 while calling Init"},
+      {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
+      {"parser", "is killed", "software assets",
+       "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
+      {"algo", "hangs", "initialises", "no answer in 1 s while calling Init"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.fault);
+    const ZelctlRun run = RunZelctl(
+        "validate --json --timeout 1 --" + std::string(test.library) + " " BAD_LIBRARIES " --arg x",
+        "FAULT='" + std::string(test.fault) + "'");
+    EXPECT_EQ(run.status, 1);
+    const json report = json::parse(run.out, nullptr, false);
+    ASSERT_TRUE(report.is_object()) << run.out;
+    EXPECT_EQ(report["counts"]["failed"], 1) << run.out;
+    EXPECT_EQ(report["rules"].size(), test.library == std::string("parser") ? 27U : 14U);
+    for (const json& rule : report["rules"]) {
+      if (rule["result"] != "FAILED") continue;
+      EXPECT_EQ(rule["rule"], test.rule);
+      EXPECT_EQ(rule["seen"], test.cause);
+    }
+    if (test.rule == std::string("software assets")) {
+      EXPECT_EQ(report["counts"]["skipped"], 0) << "the rules after it need nothing of it";
+    }
+  }
+}
+
+// What the library prints is no line of the report, and no process is left over.
+TEST(Validate, KeepsTheLibrarysOwnLinesApart) {
+  const ZelctlRun quiet = RunZelctl("validate --json --algo " BAD_LIBRARIES, "FAULT='prints'");
+  EXPECT_TRUE(json::accept(quiet.out)) << quiet.out;
+  EXPECT_EQ(quiet.err, "");
+  const ZelctlRun failed = RunZelctl("validate --algo " BAD_LIBRARIES, "FAULT='prints and fails'");
+  EXPECT_EQ(failed.err, "    the library: no licence for x\nzelctl: 1 rule failed\n");
+  const ZelctlRun all = RunZelctl("validate --log-level 2 --algo " BAD_LIBRARIES, "FAULT='prints'");
+  EXPECT_NE(all.err.find("    the library: hello\n"), std::string::npos);
+  EXPECT_EQ(all.status, 0);
+}
+
+TEST(Validate, SkippedRulesShareALine) {
+  const ZelctlRun run = RunZelctl("validate --parser " BAD_LIBRARIES, "FAULT='Init fails'");
+  EXPECT_TRUE(
+      run.out.ends_with("parser     initialises             FAILED   Init answered -5 (EIO)\n"
+                        "parser     22 rules                skipped  not initialised\n"
+                        "4 passed, 1 failed, 0 warnings, 22 skipped\n"))
+      << run.out;
 }
 
 TEST(Validate, FilesThatAreNoLibrary) {
@@ -134,6 +219,10 @@ TEST(Validate, FilesThatAreNoLibrary) {
   } cases[] = {
       {"--parser /etc/passwd", "opens: FAILED, status 1"},
       {"--algo " ZELTARN_LIBRARY, "exports its factory: FAILED, status 1"},
+#ifdef LIBSTDCXX_LIBRARY
+      {"--algo " LIBSTDCXX_LIBRARY, "opens: FAILED, status 1"},
+#endif
+      {"--parser " UNDEFINED_SYMBOL_LIBRARY, "opens: FAILED, status 1"},
       {"--plugin /nowhere/libzeltarn.so", "opens: FAILED, opens: warning, status 1"},
   };
   for (const auto& test : cases) {
@@ -141,7 +230,16 @@ TEST(Validate, FilesThatAreNoLibrary) {
         RunZelctl("validate --json " + std::string(test.arguments), "LD_LIBRARY_PATH=");
     EXPECT_EQ(Complaints(run), test.complaints) << run.out;
   }
-  for (const char* arguments : {"--parser /nowhere", "--algo /", "--panel /nowhere", "extra"}) {
+#ifdef LIBSTDCXX_LIBRARY
+  EXPECT_NE(RunZelctl("validate --algo " LIBSTDCXX_LIBRARY)
+                .out.find("linked to another C++ runtime, libstdc++.so.6"),
+            std::string::npos);
+#endif
+  EXPECT_NE(RunZelctl("validate --parser " UNDEFINED_SYMBOL_LIBRARY)
+                .out.find("undefined symbol: NobodyDefinesThis"),
+            std::string::npos);
+  for (const char* arguments :
+       {"--timeout 0", "--parser /nowhere", "--algo /", "--panel /nowhere", "extra"}) {
     EXPECT_EQ(RunZelctl("validate " + std::string(arguments)).status, 2) << arguments;
   }
 }

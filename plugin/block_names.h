@@ -1,0 +1,24 @@
+// Names of hardware blocks, by which a configuration says what it configures. Shared
+// with the host and the mode parser and compared exactly, letter case included. Code
+// uses these constants, never a literal of its own.
+#pragma once
+
+#include <string>
+
+namespace velaricolor {
+
+inline const std::string kPostBlendGamut = "PostBlendGamut";
+inline const std::string kPostBlendIGC = "PostBlendIGC";
+inline const std::string kPostBlendGC = "PostBlendGC";
+inline const std::string kPostBlendCWBDither = "PostBlendCWBDither";
+inline const std::string kPostBlendHdrBlob = "PostBlendHdrBlob";
+inline const std::string kHwCapIgcDither = "HwCapIgcDither";
+inline const std::string kPostBlendPCC = "PostBlendPCC";
+inline const std::string kPostBlendPa = "PostBlendPa";
+inline const std::string kPostBlendDither = "PostBlendDither";
+inline const std::string kPostBlendPaDither = "PostBlendPaDither";
+inline const std::string kPostBlendDE = "PostBlendDE";
+inline const std::string kPostBlendGameBlob = "PostBlendGameBlob";
+inline const std::string kPostBlendMixerGc = "PostBlendMixerGc";
+
+}  // namespace velaricolor

@@ -1,0 +1,59 @@
+"""Code in README and guides is what is compiled and run elsewhere.
+
+Usage: guides_test.py SOURCE_FOLDER
+"""
+
+import pathlib
+import re
+import sys
+import textwrap
+import unittest
+
+SOURCE = pathlib.Path(sys.argv.pop())
+PAGES = [SOURCE / "README.md", *sorted((SOURCE / "docs").glob("*.md"))]
+
+
+def blocks_of(page):
+    """(line, language, text) of each."""
+    text = page.read_text()
+    for block in re.finditer(r"^```(\w*)\n(.*?)^```$", text, re.M | re.S):
+        yield text.count("\n", 0, block.start()) + 1, block[1], block[2]
+
+
+class Guides(unittest.TestCase):
+    def test_CodeIsQuoted(self):
+        """Line by line, from one place of one example."""
+        examples = [f.read_text().splitlines() for f in (SOURCE / "examples").rglob("*.*")]
+        quotes = 0
+        for page in PAGES:
+            for line, language, text in blocks_of(page):
+                if language not in ("cpp", "cmake"):
+                    continue
+                size = len(text.splitlines())
+                self.assertTrue(
+                    any(textwrap.dedent("\n".join(lines[i:i + size])) + "\n" == text
+                        for lines in examples for i in range(len(lines))),
+                    f"{page}:{line}: in no example")
+                quotes += 1
+        self.assertGreater(quotes, 4)
+
+    def test_NoBlockGoesUntested(self):
+        """In README and guides the others are those that a test is known to run, or no code."""
+        tested = {
+            "README.md": r"\$ zelctl (modes|caps|dither|assets|render)",  # zelctl_test
+            "integration-guide.md": "(?!)",
+            "library-guide.md": r"\$ zelctl validate",  # zelctl_test
+            "panel-description.md": r"\{\n|\"transfer\": \{\n|phone\.json: (line 7: |\$\.panel\.transfer\.ramp: fitted; )",  # reference_test
+        }
+        for page in [page for page in PAGES if page.name in tested]:
+            for line, language, text in blocks_of(page):
+                if language in ("cpp", "cmake", "text"):
+                    continue  # quoted, or no code
+                if (page.name, language) == ("README.md", "sh"):
+                    continue  # run by outside_test.py
+                self.assertRegex(text, r"\A" + tested[page.name],
+                                 f"{page}:{line}: which test runs it?")
+
+
+if __name__ == "__main__":
+    unittest.main()
