@@ -2,22 +2,20 @@
 #pragma once
 
 #include <array>
-
-#include "devkit/colorimetry/lab.h"
+#include <cstdint>
 
 namespace zelctl {
 
 struct ChartColor {
   const char* name;
-  tarn::color::Lab lab;  // under D50
+  std::array<uint8_t, 3> srgb;
 };
 
-// ColorChecker Classic, row by row: the maker's reference for charts made before
-// November 2014, CIELAB under D50, 2 degree observer, to two places.
+// ColorChecker Classic, row by row, in sRGB of 8 bits (IEC 61966-2-1), as its maker
+// publishes it.
 extern const std::array<ChartColor, 24> kColorChecker;
 
 inline constexpr const char* kColorCheckerSource =
-    "ColorChecker Classic, the maker's CIELAB values under D50 (2° observer) for charts made "
-    "before November 2014";
+    "ColorChecker Classic: the 8-bit sRGB values that its maker publishes";
 
 }  // namespace zelctl

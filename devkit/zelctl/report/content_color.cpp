@@ -7,7 +7,8 @@ namespace zelctl {
 namespace {
 
 using tarn::color::Curve;
-using tarn::color::Luminance;
+using tarn::color::HlgColor;
+using tarn::color::HlgToLuminance;
 using tarn::color::Vec3;
 using tarn::reference::Panel;
 using tarn::reference::Target;
@@ -30,60 +31,39 @@ double Invert(Function function, double value) {
   }
 }
 
-// ITU-R BT.2100, table 5: scene light of one component, with the display's black lift.
-double HlgSceneOf(double signal, const Luminance& display) {
-  const double exponent = 1 / tarn::color::HlgSystemGamma(display.peak);
-  const double lift = std::sqrt(3 * std::pow(display.black / display.peak, exponent));
-  return tarn::color::HlgToScene(std::max((1 - lift) * signal + lift, 0.0));
-}
-
-double Dot(const Vec3& a, const Vec3& b) { return a[0] * b[0] + a[1] * b[1] + a[2] * b[2]; }
-
-Vec3 Scaled(const Vec3& v, double factor) { return {factor * v[0], factor * v[1], factor * v[2]}; }
-
 }  // namespace
 
 ContentColor::ContentColor(const Panel& panel, const Target& target)
     : panel_(panel),
       target_(target),
       to_panel_(ConversionMatrix(target.primaries, panel.primaries, target.adaptation)),
-      luminance_weights_(LuminanceWeights(target.primaries)),
-      reference_white_(1) {
-  if (target.transfer.curve == Curve::kHlg) reference_white_ = kHlgReferenceWhite;
-  if (target.transfer.curve == Curve::kSt2084) {
-    reference_white_ = Invert(tarn::color::PqToLuminance, kPqReferenceWhite);
-  }
+      luminance_weights_(LuminanceWeights(target.primaries)) {}
+
+double ContentColor::ReferenceWhite() const {
+  if (target_.transfer.curve == Curve::kHlg) return kHlgReferenceWhite;
+  if (target_.transfer.curve == Curve::kSt2084) return tarn::color::PqToSignal(kPqReferenceWhite);
+  return 1;
 }
 
 bool ContentColor::IsAbsolute() const {
   return target_.transfer.curve == Curve::kHlg || target_.transfer.curve == Curve::kSt2084;
 }
 
-double ContentColor::ChannelLight(double signal) const {
-  if (target_.transfer.curve == Curve::kHlg) return HlgSceneOf(signal, panel_.luminance);
-  if (target_.transfer.curve == Curve::kSt2084) return tarn::color::PqToLuminance(signal);
-  return ToLight(target_.transfer, panel_.luminance, signal);
-}
-
-double ContentColor::SignalOf(double channel_light) const {
-  return Invert([this](double signal) { return ChannelLight(signal); }, channel_light);
+// PQ isn't clipped at the panel's peak here, as the blocks do: what lies beyond is asked
+// for all the same.
+double ContentColor::ChannelLight(size_t channel, double signal) const {
+  const auto& transfer = target_.transfer;
+  if (transfer.curve == Curve::kHlg) return HlgToLuminance(signal, panel_.luminance);
+  if (transfer.curve != Curve::kSt2084) return ToLight(transfer, panel_.luminance, channel, signal);
+  return transfer.content ? PqRolledOff(signal, *transfer.content, panel_.luminance)
+                          : tarn::color::PqToLuminance(signal);
 }
 
 Vec3 ContentColor::Light(const Vec3& signal) const {
-  const Vec3 light = {ChannelLight(signal[0]), ChannelLight(signal[1]), ChannelLight(signal[2])};
+  Vec3 light;
+  for (size_t i = 0; i < 3; ++i) light[i] = ChannelLight(i, signal[i]);
   if (target_.transfer.curve != Curve::kHlg) return light;
-  // The OOTF of ITU-R BT.2100, table 5: on the luminance of the colour as a whole.
-  const double scene = Dot(luminance_weights_, light);
-  if (scene <= 0) return {};
-  const double gamma = tarn::color::HlgSystemGamma(panel_.luminance.peak);
-  return Scaled(light, panel_.luminance.peak * std::pow(scene, gamma - 1));
-}
-
-Vec3 ContentColor::HlgScene(const Vec3& luminance) const {
-  const double share = Dot(luminance_weights_, luminance) / panel_.luminance.peak;
-  if (share <= 0) return {};
-  const double gamma = tarn::color::HlgSystemGamma(panel_.luminance.peak);
-  return Scaled(luminance, std::pow(share, 1 / gamma - 1) / panel_.luminance.peak);
+  return HlgColor(light, panel_.luminance.peak, luminance_weights_);
 }
 
 Vec3 ContentColor::PanelLight(const Vec3& signal) const {
@@ -94,21 +74,34 @@ Vec3 ContentColor::PanelLight(const Vec3& signal) const {
   return light;
 }
 
-bool ContentColor::IsReachable(const Vec3& panel_light) {
-  constexpr double kTolerance = 1e-6;
-  return std::all_of(panel_light.begin(), panel_light.end(),
-                     [](double c) { return c >= -kTolerance && c <= 1 + kTolerance; });
+// Back through the OOTF of ITU-R BT.2100, table 5, to what each channel would have alone.
+Vec3 ContentColor::EncodeHlg(const Vec3& light) const {
+  const double peak = panel_.luminance.peak;
+  const double gamma = tarn::color::HlgSystemGamma(peak);
+  const double white = HlgToLuminance(kHlgReferenceWhite, panel_.luminance) / peak;
+  double luminance = 0;
+  for (size_t i = 0; i < 3; ++i) luminance += luminance_weights_[i] * white * light[i];
+  Vec3 signal = {};
+  if (luminance <= 0) return signal;
+  for (size_t i = 0; i < 3; ++i) {
+    const double scene = white * light[i] * std::pow(luminance, 1 / gamma - 1);
+    signal[i] = Invert([this](double s) { return HlgToLuminance(s, panel_.luminance); },
+                       peak * std::pow(scene, gamma));
+  }
+  return signal;
 }
 
 Vec3 ContentColor::Encode(const Vec3& light) const {
-  Vec3 channels;
-  for (size_t i = 0; i < 3; ++i) channels[i] = std::max(light[i], 0.0);
-  if (IsAbsolute()) {
-    const Vec3 white = {reference_white_, reference_white_, reference_white_};
-    channels = Scaled(channels, Light(white)[0]);
+  Vec3 positive;
+  for (size_t i = 0; i < 3; ++i) positive[i] = std::max(light[i], 0.0);
+  if (target_.transfer.curve == Curve::kHlg) return EncodeHlg(positive);
+  Vec3 signal;
+  for (size_t i = 0; i < 3; ++i) {
+    signal[i] = target_.transfer.curve == Curve::kSt2084
+                    ? tarn::color::PqToSignal(kPqReferenceWhite * positive[i])
+                    : Invert([this, i](double s) { return ChannelLight(i, s); }, positive[i]);
   }
-  if (target_.transfer.curve == Curve::kHlg) channels = HlgScene(channels);
-  return {SignalOf(channels[0]), SignalOf(channels[1]), SignalOf(channels[2])};
+  return signal;
 }
 
 }  // namespace zelctl

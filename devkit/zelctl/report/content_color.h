@@ -15,30 +15,25 @@ class ContentColor {
   // primaries (panel_light.h). Outside 0 to 1 where the panel can't show it.
   tarn::color::Vec3 PanelLight(const tarn::color::Vec3& signal) const;
 
-  // Whether the panel can: to 1e-6 of its range.
-  static bool IsReachable(const tarn::color::Vec3& panel_light);
-
   // The signal of linear light of the target's primaries, where 1 is the reference
   // white. What the signal can't carry is clipped.
   tarn::color::Vec3 Encode(const tarn::color::Vec3& light) const;
 
   // Signal of a diffuse white: 75 % of HLG, 203 cd/m2 of PQ (ITU-R BT.2408, table 1);
-  // full signal of everything else. A luminance that PQ doesn't reach can't occur.
-  double ReferenceWhite() const { return reference_white_; }
+  // full signal of everything else.
+  double ReferenceWhite() const;
 
  private:
   bool IsAbsolute() const;
   // Light per channel: cd/m2 where IsAbsolute, else a share of the panel's range.
   tarn::color::Vec3 Light(const tarn::color::Vec3& signal) const;
-  tarn::color::Vec3 HlgScene(const tarn::color::Vec3& luminance) const;
-  double ChannelLight(double signal) const;
-  double SignalOf(double channel_light) const;
+  double ChannelLight(size_t channel, double signal) const;
+  tarn::color::Vec3 EncodeHlg(const tarn::color::Vec3& light) const;
 
   const tarn::reference::Panel& panel_;
   const tarn::reference::Target& target_;
   tarn::color::Mat3 to_panel_;
   tarn::color::Vec3 luminance_weights_;
-  double reference_white_;
 };
 
 }  // namespace zelctl

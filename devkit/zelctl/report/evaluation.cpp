@@ -15,6 +15,7 @@ using tarn::reference::Panel;
 using tarn::reference::Target;
 
 constexpr double kMaxDrive = 255;
+constexpr double kUnseen = 0.05;  // CIEDE2000: a twentieth of what is just noticeable
 
 // The colour of neutral codes and patches under the mode's reference white.
 class Judge {
@@ -42,14 +43,20 @@ class Judge {
     const Vec3 light = TargetLight(patch.code);
     const Vec3 drive = Drive(patch.code, kOutputBits);
     PatchResult result = {.patch = patch,
-                          .reachable = ContentColor::IsReachable(light),
                           .target = Seen(LightToXyz(panel_, light)),
                           .shown = Seen(Emitted(panel_, drive))};
+    result.reachable = Ciede2000(result.target.lab, Seen(Nearest(light)).lab) < kUnseen;
     for (size_t i = 0; i < 3; ++i) {
       result.drive[i] = static_cast<uint8_t>(std::lround(kMaxDrive * drive[i]));
     }
     result.difference = Ciede2000(result.target.lab, result.shown.lab);
     return result;
+  }
+
+  // What is left of light that exceeds the panel's range.
+  Vec3 Nearest(Vec3 light) const {
+    for (double& component : light) component = std::clamp(component, 0.0, 1.0);
+    return LightToXyz(panel_, light);
   }
 
   double DifferenceAtPanelDepth(const PatchResult& result) const {

@@ -25,7 +25,9 @@ struct Appearance {
 
 struct PatchResult {
   Patch patch;
-  bool reachable = true;  // whether the panel can show the target's colour
+  // Whether the panel can show the target's colour: clipped to its range, the colour
+  // differs by less than 0.05 of CIEDE2000.
+  bool reachable = true;
   std::array<uint8_t, 3> drive = {};
   Appearance target;
   Appearance shown;

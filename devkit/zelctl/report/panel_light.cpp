@@ -20,7 +20,7 @@ Vec3 LightToXyz(const Panel& panel, const Vec3& light) {
 
 Vec3 Emitted(const Panel& panel, const Vec3& signal) {
   Vec3 light;
-  for (size_t i = 0; i < 3; ++i) light[i] = ToLight(panel.transfer, panel.luminance, signal[i]);
+  for (size_t i = 0; i < 3; ++i) light[i] = ToLight(panel.transfer, panel.luminance, i, signal[i]);
   return LightToXyz(panel, light);
 }
 

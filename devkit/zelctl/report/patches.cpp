@@ -22,14 +22,16 @@ ContentCode Code(const Vec3& signal) {
 
 void AddChart(const tarn::reference::Target& target, const ContentColor& content,
               std::vector<Patch>* patches) {
-  const Vec3 d50 = ToXyz(tarn::color::kD50);
-  const auto adapted = Multiply(Inverse(RgbToXyz(target.primaries)),
-                                BradfordAdaptation(tarn::color::kD50, target.primaries.white));
+  const auto& white = target.primaries.white;
+  const auto adapted =
+      Multiply(BradfordAdaptation(tarn::color::kSrgb.white, white), RgbToXyz(tarn::color::kSrgb));
+  const auto to_content = Multiply(Inverse(RgbToXyz(target.primaries)), adapted);
+  constexpr double kRounding = 1e-9;
   for (const ChartColor& color : kColorChecker) {
-    const Vec3 light = Multiply(adapted, LabToXyz(color.lab, d50));
-    const double brightest = content.ReferenceWhite() < 1 ? HUGE_VAL : 1;  // HDR goes beyond
-    const bool clipped = *std::min_element(light.begin(), light.end()) < 0 ||
-                         *std::max_element(light.begin(), light.end()) > brightest;
+    Vec3 srgb = SignalOfCode(color.srgb);
+    for (double& component : srgb) component = tarn::color::SrgbToLight(component);
+    const Vec3 light = Multiply(to_content, srgb);
+    const bool clipped = *std::min_element(light.begin(), light.end()) < -kRounding;
     patches->push_back({color.name, PatchSet::kColorChecker, Code(content.Encode(light)), clipped});
   }
 }

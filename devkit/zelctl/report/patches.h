@@ -28,8 +28,8 @@ struct Patch {
 // The signal of a code.
 tarn::color::Vec3 SignalOfCode(const ContentCode& code);
 
-// 24 colours of the chart, relative to the reference white and adapted to the
-// target's (Bradford); 33 greys, evenly spaced in the signal; primaries and
+// 24 colours of the chart (color_checker.h), relative to the reference white and adapted
+// to the target's (Bradford); 33 greys, evenly spaced in the signal; primaries and
 // secondaries, and white, at the reference white's signal.
 std::vector<Patch> MakePatches(const tarn::reference::Target& target, const ContentColor& content);
 

@@ -55,7 +55,7 @@ std::string TransferText(const TransferFunction& transfer) {
     case Curve::kHlg:
       return "HLG";
     case Curve::kSt2084:
-      return "PQ";
+      return transfer.content ? "PQ rolled off (BT.2390)" : "PQ";
   }
   return "";
 }
@@ -69,7 +69,8 @@ std::string TransferSource(const TransferFunction& transfer) {
     case Curve::kHlg:
       return "ITU-R BT.2100, table 5";
     case Curve::kSt2084:
-      return "SMPTE ST 2084, section 5";
+      return transfer.content ? "SMPTE ST 2084, section 5, and ITU-R BT.2390, section 5.4.1"
+                              : "SMPTE ST 2084, section 5";
     default:
       return "the panel's description";
   }
