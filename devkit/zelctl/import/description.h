@@ -1,0 +1,22 @@
+// A panel description from facts.
+#pragma once
+
+#include <string>
+
+#include "devkit/zelctl/import/panel_facts.h"
+#include "devkit/zelctl/json_output.h"
+
+namespace zelctl {
+
+// The names that --targets takes, for a message.
+std::string TargetNames();
+
+// A description with a native mode and those of the options. Throws UsageError that
+// names all that neither facts nor options say. Adds to `facts->source` what the options
+// said and which form the transfer function took.
+Json Describe(const ImportOptions& options, PanelFacts* facts);
+
+// As a file: pairs and short lists of numbers in one line.
+std::string DescriptionText(const Json& description);
+
+}  // namespace zelctl

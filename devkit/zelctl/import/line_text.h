@@ -1,0 +1,21 @@
+// Texts of one line about what was read.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "devkit/reference/color/primaries.h"
+
+namespace zelctl {
+
+// With at most 6 significant digits.
+std::string NumberText(double value);
+
+// "x 0.3127 y 0.329".
+std::string ChromaticityText(const tarn::color::Chromaticity& xy);
+
+// A file's own text, which may hold anything and be of any length: blanks and
+// printable ASCII are kept, what else there is becomes '?', and a long one is cut.
+std::string PlainText(std::string_view text);
+
+}  // namespace zelctl
