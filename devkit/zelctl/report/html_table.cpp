@@ -85,21 +85,21 @@ void HtmlTable::Add(const std::vector<std::string>& cells) {
 std::string HtmlTable::Finish() const { return markup_ + "</tbody></table></div>\n"; }
 
 std::string OverviewTable(const Report& report) {
-  HtmlTable table({"mode", "target", "covers, xy / u′v′", "24 patches: ΔE₀₀ mean / max", "33 greys",
-                   "primaries and secondaries", "white", "largest tint"});
+  HtmlTable table({"mode", "24 patches: ΔE₀₀ mean / max", "33 greys", "primaries and secondaries",
+                   "white", "largest tint", "covers, xy / u′v′", "target"});
   for (const ModeEvaluation& mode : report.modes) {
     const PatchResult& white = *InSet(mode, PatchSet::kWhite).front();
     const auto cell = [&](PatchSet set) {
-      const SetSummary& summary = mode.summaries[static_cast<size_t>(set)];
-      return SummaryCell(summary, report.panel.bit_depth);
+      return SummaryCell(mode.summaries[static_cast<size_t>(set)], report.panel.bit_depth);
     };
+    const std::string target = Escaped(TargetText(report.panel, mode.target));
     table.Add(
         {"<a href=\"#mode-" + std::to_string(mode.index) + "\">" + Escaped(mode.label) + "</a>",
-         "<span class=\"wrap\">" + Escaped(TargetText(report.panel, mode.target)) + "</span>",
-         Percent(mode.coverage.xy) + " / " + Percent(mode.coverage.uniform),
          cell(PatchSet::kColorChecker), cell(PatchSet::kGreys), cell(PatchSet::kPrimaries),
          Fixed(white.difference, 2) + (white.reachable ? "" : " ⊘"),
-         mode.neutral_spread ? std::to_string(*mode.neutral_spread) : "–"});
+         mode.neutral_spread ? std::to_string(*mode.neutral_spread) : "–",
+         Percent(mode.coverage.xy) + " / " + Percent(mode.coverage.uniform),
+         "<span class=\"wrap\">" + target + "</span>"});
   }
   return table.Finish();
 }

@@ -59,8 +59,8 @@ std::string StepsLuminance(const ModeEvaluation& mode) {
   }
   const std::string name = "Colour steps: luminance";
   const auto count = static_cast<double>(mode.steps.size());
-  SvgPlot plot(name, {"step", -0.5, count - 0.5, 0}, AxisFromZero("luminance, cd/m²", highest),
-               190);
+  SvgPlot plot(name, {"step, as in the table", -0.5, count - 0.5, 0},
+               AxisFromZero("luminance, cd/m²", highest), 190);
   for (size_t s = 0; s < mode.steps.size(); ++s) {
     for (size_t i = 0; i < kColors.size(); ++i) {
       constexpr double kWidth = 0.2;
