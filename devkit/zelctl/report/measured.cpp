@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <cstdio>
+#include <filesystem>
 #include <set>
 #include <sstream>
 
@@ -141,7 +141,8 @@ MeasuredSummary ReadMeasurements(const std::string& path, ModeEvaluation* mode) 
   if (!white || (*white)[1] <= 0) {
     throw UsageError(path + ": no measurement of full white (RGB 100 100 100)");
   }
-  MeasuredSummary summary = {.path = path, .absolute = unit.has_value()};
+  MeasuredSummary summary = {.file = std::filesystem::path(path).filename(),
+                             .absolute = unit.has_value()};
   summary.predicted_white = FullWhite(*mode).shown.xyz[1];
   const double factor = unit.value_or(summary.predicted_white / (*white)[1]);
   summary.measured_white = factor * (*white)[1];

@@ -21,7 +21,7 @@ struct MeasuredSet {
 };
 
 struct MeasuredSummary {
-  std::string path;
+  std::string file;  // without its folder
   size_t found = 0;  // of the mode's patches
   size_t missing = 0;
   // The file states luminances in cd/m2; else its full white was taken for the one
