@@ -187,6 +187,34 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
   command->callback([&globals, arguments] { RunValidate(globals, *arguments); });
 }
 
+void AddImportCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto arguments = std::make_shared<ImportArguments>();
+  ImportOptions* options = &arguments->options;
+  auto* command = app.add_subcommand("import", "Describe a panel by its profile or measurements");
+  command->add_option("FILE", arguments->file, "An ICC display profile or a CGATS .ti3")
+      ->required()
+      ->type_name("");
+  command->add_option("-o,--output", arguments->output, "The panel description")
+      ->required()
+      ->type_name("PANEL.json");
+  AddParsedOption(*command, "--peak", &options->peak, "CD/M2", ParseNumber,
+                  "Luminance of white at full signal");
+  AddParsedOption(*command, "--black", &options->black, "CD/M2", ParseNumber,
+                  "Luminance of signal 0");
+  command->add_option("--bit-depth", options->bit_depth, "Depth of the panel's signal")
+      ->check(CLI::Range(6U, 16U).description(""))
+      ->type_name("N");
+  command->add_option("--transfer", options->transfer, "linear, srgb or an exponent")
+      ->type_name("CURVE");
+  command->add_option("--targets", options->targets, kTargetsHelp)
+      ->delimiter(',')
+      ->type_name("NAME,...");
+  command->add_option("--name", options->name, "The panel's name; default: the file's own")
+      ->type_name("TEXT");
+  command->footer(kImportHelp);
+  command->callback([&globals, arguments] { RunImport(globals, *arguments); });
+}
+
 // A subcommand without arguments.
 void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* name,
                      const char* help, void (*run)(const GlobalOptions&)) {
@@ -214,6 +242,7 @@ int RunCommandLine(int argc, char** argv) {
   AddPlainCommand(app, globals, "dither", "Show the global dither configuration", RunDither);
   AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", RunCaps);
   AddValidateCommand(app, globals);
+  AddImportCommand(app, globals);
 
   try {
     app.parse(argc, argv);

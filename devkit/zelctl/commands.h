@@ -1,4 +1,4 @@
-// The subcommands. Each but the last drives the plug-in, prints what it answers, and
+// The subcommands. Each but the last two drives the plug-in, prints what it answers, and
 // throws UsageError or CallError.
 #pragma once
 
@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "devkit/zelctl/host_session.h"
+#include "devkit/zelctl/import/panel_facts.h"
 #include "devkit/zelctl/plot/mode_plot.h"
 #include "devkit/zelctl/render_options.h"
 
@@ -53,6 +54,12 @@ struct ValidateArguments {
   uint32_t timeout = 10;  // seconds for each rule
 };
 
+struct ImportArguments {
+  std::string file;
+  std::string output;
+  ImportOptions options;
+};
+
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
@@ -60,6 +67,9 @@ void RunReport(const GlobalOptions& globals, const ReportArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);
 void RunCaps(const GlobalOptions& globals);
+
+// Without the plug-in.
+void RunImport(const GlobalOptions& globals, const ImportArguments& arguments);
 
 // Without the plug-in. Throws std::runtime_error where a library breaks a rule.
 void RunValidate(const GlobalOptions& globals, const ValidateArguments& arguments);

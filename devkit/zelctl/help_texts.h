@@ -12,6 +12,7 @@ inline constexpr const char* kExamples =
     "  zelctl render srgb --image in.png -o out.png\n"
     "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
     "  zelctl report -o report.html\n"
+    "  zelctl import panel.ti3 --bit-depth 10 --targets srgb,display_p3 -o my-panel.json\n"
     "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
@@ -45,6 +46,16 @@ inline constexpr const char* kReportHelp =
     "\n"
     "A meter's program shows the patches of --patches and writes a .ti3 (CGATS text); with\n"
     "--measured the page compares it with target and prediction.";
+
+inline constexpr const char* kTargetsHelp =
+    "Modes beside native: srgb, display_p3, dcip3,\n"
+    "bt2020_hlg, bt2020_st2084";
+
+inline constexpr const char* kImportHelp =
+    "Reads ICC display profiles (matrix and TRC curves) and CGATS measurements (CTI3 with RGB and\n"
+    "XYZ). What the file doesn't say must be said by an option; an option goes before the file.\n"
+    "Prints where each figure came from, what was assumed and how far the description is from\n"
+    "the measurements; the same lines stand in the description's \"source\".";
 
 inline constexpr const char* kValidateHelp =
     "Opens the libraries itself, without the plug-in, and calls them as it would. With neither\n"

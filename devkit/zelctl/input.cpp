@@ -7,6 +7,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 
 #include "devkit/zelctl/errors.h"
 
@@ -47,6 +48,18 @@ void RequireReadable(const std::string& path, const std::string& what) {
   if (access(path.c_str(), R_OK) != 0) {
     throw UsageError("can't read " + what + " " + path + ": " + std::strerror(errno));
   }
+}
+
+std::string ReadWhole(const std::string& path, const std::string& what) {
+  constexpr size_t kLargest = size_t{16} << 20;
+  RequireReadable(path, what);
+  std::ifstream file(path, std::ios::binary);
+  std::string text(kLargest + 1, '\0');
+  file.read(text.data(), static_cast<std::streamsize>(text.size()));
+  text.resize(static_cast<size_t>(file.gcount()));
+  if (file.bad()) throw UsageError("can't read " + what + " " + path);
+  if (text.size() > kLargest) throw UsageError(path + ": larger than 16 MiB");
+  return text;
 }
 
 }  // namespace zelctl

@@ -1,6 +1,7 @@
 #include "devkit/reference/panel/read_color.h"
 
 #include <algorithm>
+#include <sstream>
 
 #include "devkit/reference/panel/read_name.h"
 #include "devkit/reference/panel/read_transfer.h"
@@ -18,11 +19,18 @@ Chromaticity ReadChromaticity(const JsonValue& value, Range x, Range y) {
   return {xy[0].Number(x), xy[1].Number(y)};
 }
 
-Chromaticity ReadPrimary(const JsonValue& value) {
+Chromaticity ReadPrimary(const JsonValue& value, std::vector<std::string>* notes) {
   // Near y = 0 a colour has no luminance, and XYZ no bound.
   const Chromaticity c = ReadChromaticity(value, {0, 1}, {0.001, 1});
-  if (c.x + c.y > 1) value.Refuse("x + y must not exceed 1");
-  return c;
+  // No light has more, but the fractions of 16 bits in profiles miss a pure red by that.
+  constexpr double kRounding = 1e-4;
+  const double sum = c.x + c.y;
+  if (sum <= 1) return c;
+  if (sum > 1 + kRounding) value.Refuse("x + y must not exceed 1");
+  std::ostringstream note;
+  note << "x + y exceeds 1 by " << sum - 1 << ", taken for rounding";
+  notes->push_back(value.Located(note.str()));
+  return {c.x / sum, c.y / sum};
 }
 
 // The bounds hold every white in use, and keep cone responses, by which the
@@ -31,11 +39,11 @@ Chromaticity ReadWhite(const JsonValue& value) {
   return ReadChromaticity(value, {0.2, 0.45}, {0.25, 0.45});
 }
 
-Primaries ReadPrimaries(const JsonValue& value) {
+Primaries ReadPrimaries(const JsonValue& value, std::vector<std::string>* notes) {
   ObjectReader in(value);
-  const Primaries p = {.red = ReadPrimary(in.Need("red")),
-                       .green = ReadPrimary(in.Need("green")),
-                       .blue = ReadPrimary(in.Need("blue")),
+  const Primaries p = {.red = ReadPrimary(in.Need("red"), notes),
+                       .green = ReadPrimary(in.Need("green"), notes),
+                       .blue = ReadPrimary(in.Need("blue"), notes),
                        .white = {}};
   in.Finish();
   constexpr double kSmallestArea = 0.01;
@@ -52,7 +60,8 @@ void CheckWhite(const Primaries& p, const JsonValue& value) {
   }
 }
 
-Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
+Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel,
+                              std::vector<std::string>* notes) {
   if (IsName(value, value.IsObject(), "an object")) {
     return Named<Primaries>(value, {{kPanelItself, panel},
                                     {"srgb", color::kSrgb},
@@ -60,7 +69,7 @@ Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
                                     {"dcip3", color::kDciP3},
                                     {"bt2020", color::kBt2020}});
   }
-  Primaries own = ReadPrimaries(value);
+  Primaries own = ReadPrimaries(value, notes);
   own.white = panel.white;
   return own;
 }
@@ -77,7 +86,7 @@ Chromaticity ReadTargetWhite(const JsonValue& value, const Chromaticity& panel) 
 
 void ReadCalibration(const JsonValue& value, Panel* panel) {
   ObjectReader in(value);
-  panel->primaries = ReadPrimaries(in.Need("primaries"));
+  panel->primaries = ReadPrimaries(in.Need("primaries"), &panel->notes);
   const JsonValue white = in.Need("white");
   panel->primaries.white = ReadWhite(white);
   CheckWhite(panel->primaries, white);
@@ -91,7 +100,7 @@ Target ReadTarget(const JsonValue& value, const Panel& panel, std::vector<std::s
   ObjectReader in(value);
   Target target = {.primaries = panel.primaries, .transfer = panel.transfer};
   if (const auto primaries = in.Find("primaries")) {
-    target.primaries = ReadTargetPrimaries(*primaries, panel.primaries);
+    target.primaries = ReadTargetPrimaries(*primaries, panel.primaries, notes);
   }
   const auto white = in.Find("white");
   if (white) {

@@ -19,6 +19,7 @@ constexpr size_t kMaxModes = 4096;
 
 constexpr size_t kMaxLabel = 64;
 constexpr size_t kMaxName = 256;
+constexpr size_t kMaxSource = 64;  // lines
 
 // Those of ASCII and, as UTF-8, of Unicode: they break the lines of lists and logs.
 bool HasControlCharacter(const std::string& text) {
@@ -87,6 +88,9 @@ Panel ReadRoot(const JsonValue& value) {
   in.Need("format").Integer(1, 1);
   Panel panel;
   panel.name = ReadLine(in.Need("name"), kMaxName);
+  if (const auto source = in.Find("source")) {
+    for (const JsonValue& line : source->Elements(0, kMaxSource)) ReadLine(line, kMaxName);
+  }
   ReadCalibration(in.Need("panel"), &panel);
   if (const auto dither = in.Find("dither")) {
     panel.dither.push_back(ReadDither(*dither, panel.bit_depth));
@@ -102,10 +106,11 @@ Panel ReadRoot(const JsonValue& value) {
 
 }  // namespace
 
+Panel ReadPanel(const nlohmann::json& root) { return ReadRoot(JsonValue(root, "$")); }
+
 Panel ReadPanel(const std::string& path) {
   try {
-    const nlohmann::json root = ReadJsonFile(path);
-    Panel panel = ReadRoot(JsonValue(root, "$"));
+    Panel panel = ReadPanel(ReadJsonFile(path));
     for (std::string& note : panel.notes) note.insert(0, path + ": ");
     return panel;
   } catch (const PanelError& error) {

@@ -11,8 +11,13 @@ namespace zelctl {
 namespace {
 
 using tarn::color::Chromaticity;
+using tarn::color::Ciede2000;
+using tarn::color::Inverse;
 using tarn::color::Mat3;
+using tarn::color::Multiply;
+using tarn::color::ToChromaticity;
 using tarn::color::Vec3;
+using tarn::color::XyzToLab;
 
 // ICC.1, section 7.2.16: the illuminant of the connection space.
 constexpr Vec3 kPcsWhite = {0.9642, 1, 0.8249};
@@ -27,13 +32,13 @@ bool IsColor(const Vec3& xyz) {
 
 Chromaticity ChromaticityOf(const Vec3& xyz, const char* what) {
   if (!IsColor(xyz)) throw UsageError("its " + std::string(what) + " is no colour");
-  return tarn::color::ToChromaticity(xyz);
+  return ToChromaticity(xyz);
 }
 
 // From the connection space to the light of the display.
 Mat3 Unadaptation(const IccProfile& profile, PanelFacts* facts) {
   const Chromaticity media = ChromaticityOf(profile.white, "media white point (wtpt)");
-  const Chromaticity pcs = tarn::color::ToChromaticity(kPcsWhite);
+  const Chromaticity pcs = ToChromaticity(kPcsWhite);
   if (!profile.chad) {
     facts->source.push_back("adaptation to D50: undone by Bradford from the media white point, " +
                             ChromaticityText(media) + " (no chad tag)");
@@ -107,11 +112,7 @@ PanelFacts FactsOf(const IccProfile& profile) {
   if (profile.has_tables) {
     facts.source.emplace_back("its tables (A2B0) were not used: matrix and TRC curves alone");
   }
-  if (profile.has_calibration) {
-    facts.source.emplace_back(
-        "it describes the display after a calibration (vcgt), without which the panel's own curves "
-        "differ");
-  }
+  if (profile.has_calibration) facts.source.emplace_back(kCalibrated);
   TakeColors(profile, &facts);
   TakeBlack(profile, &facts);
   constexpr std::array<const char*, 3> kCurves = {"rTRC", "gTRC", "bTRC"};

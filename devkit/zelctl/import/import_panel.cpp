@@ -53,6 +53,7 @@ ImportedPanel ImportMeasurements(const CgatsTable& table, const std::string& nam
   if (const auto meter = table.keywords.find("TARGET_INSTRUMENT"); meter != table.keywords.end()) {
     facts.source.front() += ", by " + PlainText(meter->second);
   }
+  if (table.next == "CAL") facts.source.emplace_back(kCalibrated);
   facts.name = name;
   return Complete(options, colors, std::move(facts));
 }

@@ -12,6 +12,7 @@ namespace zelctl {
 namespace {
 
 using tarn::color::Vec3;
+using tarn::color::XyzToLab;
 
 // Files state device values to a few places.
 std::array<long, 3> Key(const Vec3& signal) {

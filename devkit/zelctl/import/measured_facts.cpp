@@ -14,6 +14,7 @@ using tarn::color::Chromaticity;
 using tarn::color::Mat3;
 using tarn::color::Ramp;
 using tarn::color::Vec3;
+using tarn::color::XyzToLab;
 
 using Colors = std::vector<MeasuredColor>;
 

@@ -21,6 +21,11 @@ struct PanelFacts {
   std::vector<std::string> source;  // lines: where it all came from, what was assumed
 };
 
+// For `source`.
+inline constexpr const char* kCalibrated =
+    "it describes the display after a calibration in the graphics card (vcgt, CAL), without which "
+    "the panel's own curves differ";
+
 // What the user says about the panel; what is unset must be in the file.
 struct ImportOptions {
   std::optional<double> peak;            // cd/m2

@@ -130,7 +130,7 @@ Ramp Smoothed(const Ramp& measured) {
 
 Ramp Thinned(const Ramp& ramp, size_t most) {
   Ramp thinned = ramp;
-  for (double tolerance = 0.5 / 65535; thinned.size() > most; tolerance *= 2) {
+  for (double tolerance = 0.5 / 65535; thinned.size() > most; tolerance *= 1.1) {
     thinned = Within(ramp, tolerance);
   }
   return thinned;

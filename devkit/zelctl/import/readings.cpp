@@ -31,7 +31,7 @@ void CheckKind(const CgatsTable& table) {
 size_t Column(const CgatsTable& table, const char* field) {
   const auto found = std::find(table.fields.begin(), table.fields.end(), field);
   if (found != table.fields.end()) return static_cast<size_t>(found - table.fields.begin());
-  throw UsageError("no field " + field +
+  throw UsageError("no field " + std::string(field) +
                    "; needed are RGB_R, RGB_G, RGB_B, XYZ_X, XYZ_Y, XYZ_Z");
 }
 

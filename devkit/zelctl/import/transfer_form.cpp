@@ -104,9 +104,10 @@ Json RampsJson(const std::array<Ramp, 3>& ramps, std::vector<std::string>* sourc
       distance = std::max(distance, std::abs(light - point.light));
     }
   }
-  source->push_back("transfer: " + std::string(same ? "one ramp" : "a ramp per channel") + " of " +
-                    std::to_string(thinned[0].size()) + " pairs, at most " +
-                    NumberText(distance / kStep) + " steps of 16 bits from the curve");
+  std::string line = same ? "transfer: one ramp of " : "transfer: a ramp per channel of ";
+  line += std::to_string(thinned[0].size()) + " pairs";
+  if (distance > 0) line += ", at most " + NumberText(distance / kStep) + " steps of 16 bits off";
+  source->push_back(line);
   Json transfer;
   const double full_scale = FullScale(thinned);
   if (same) {

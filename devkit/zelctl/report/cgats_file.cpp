@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
-#include <filesystem>
-#include <fstream>
 #include <optional>
-#include <sstream>
 
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
@@ -147,6 +144,7 @@ CgatsTable ReadTable(Reader* reader) {
     } else if (token.text == "BEGIN_DATA") {
       ReadRows(reader, token.line, &table);
       CheckSizes(*reader, sizes, token.line, table);
+      if (const auto next = reader->Next()) table.next = next->text;
       return table;
     } else if (token.text == "NUMBER_OF_FIELDS") {
       sizes.fields = Count(*reader, reader->Need("a count"));
@@ -162,14 +160,10 @@ CgatsTable ReadTable(Reader* reader) {
 }  // namespace
 
 CgatsTable ReadCgatsFile(const std::string& path) {
-  constexpr size_t kLargest = size_t{16} << 20;
-  RequireReadable(path, "measurements");
-  std::ifstream file(path, std::ios::binary);
-  std::string text(kLargest + 1, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<size_t>(file.gcount()));
-  if (file.bad()) throw UsageError("can't read measurements " + path);
-  if (text.size() > kLargest) throw UsageError(path + ": larger than 16 MiB");
+  return ReadCgats(path, ReadWhole(path, "measurements"));
+}
+
+CgatsTable ReadCgats(const std::string& path, const std::string& text) {
   Reader reader(path, text);
   return ReadTable(&reader);
 }

@@ -14,10 +14,14 @@ struct CgatsTable {
   std::vector<std::string> fields;              // names of the columns
   std::vector<std::vector<std::string>> rows;   // as many texts as there are fields
   std::vector<size_t> lines;                    // of each row's first text
+  std::string next;  // identifier of the table after it; empty: there is none
 };
 
-// Throws UsageError with the file and the line. A file may be 16 MiB long. What
-// follows the first table is not looked at.
+// Throws UsageError with the file and the line. A file may be 16 MiB long. Of what
+// follows the first table, the identifier alone is looked at.
 CgatsTable ReadCgatsFile(const std::string& path);
+
+// The same, of `text`, which is the contents of the file at `path`.
+CgatsTable ReadCgats(const std::string& path, const std::string& text);
 
 }  // namespace zelctl
