@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "devkit/zelctl/export/export_format.h"
 #include "devkit/zelctl/host_session.h"
 #include "devkit/zelctl/plot/mode_plot.h"
 #include "devkit/zelctl/render_options.h"
@@ -37,6 +38,14 @@ struct PlotArguments {
   RenderOptions options;
 };
 
+struct ExportArguments {
+  std::string mode;
+  std::string format;
+  std::string output;
+  FormatOptions format_options;
+  RenderOptions options;
+};
+
 // Text unset: --panel's.
 struct ValidateArguments {
   std::optional<std::string> arg;
@@ -46,6 +55,7 @@ struct ValidateArguments {
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
+void RunExport(const GlobalOptions& globals, const ExportArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);
 void RunCaps(const GlobalOptions& globals);
