@@ -12,11 +12,12 @@ inline constexpr const char* kExamples =
     "  zelctl render srgb --image in.png -o out.png\n"
     "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
     "  zelctl export srgb --format clf -o srgb.clf\n"
+    "  zelctl report -o report.html\n"
     "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
-    "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed; 2 for a wrong\n"
-    "mode, file or number.";
+    "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed, or with --strict\n"
+    "when the host would not get an answer whole; 2 for a wrong mode, file or number.";
 
 inline constexpr const char* kRenderHelp =
     "The second table shows the PCC block after each call: per output channel its offset (in\n"
@@ -48,10 +49,20 @@ inline constexpr const char* kExportHelp =
     "\n"
     "docs/formats.md says what each keeps and loses.";
 
+inline constexpr const char* kReportHelp =
+    "Shows for each mode, from the blocks that the plug-in returned and the panel's description:\n"
+    "gamut and its coverage, CIEDE2000 of 24 ColorChecker patches, 33 greys, primaries and\n"
+    "secondaries, error of white, tone curve, and what colour transform, LTM and dimming do to\n"
+    "white and primaries, as far as they are given. Patches are judged without these three.\n"
+    "--json prints the same figures, with or without a page.\n"
+    "\n"
+    "A meter's program shows the patches of --patches and writes a .ti3 (CGATS text); with\n"
+    "--measured the page compares it with target and prediction.";
+
 inline constexpr const char* kValidateHelp =
     "Opens the libraries itself, without the plug-in, and calls them as it would. With neither\n"
     "--parser nor --algo both, as --plugin finds them by name: in LD_LIBRARY_PATH, beside it, or\n"
-    "where the system keeps libraries. A library that crashes takes zelctl with it, while it was\n"
-    "checked for the rule behind the last line (--json prints nothing then).";
+    "where the system keeps libraries. A library runs in a process of its own: one that crashes,\n"
+    "ends the process or does not answer fails a rule, and the rules after it run all the same.";
 
 }  // namespace zelctl
