@@ -1,5 +1,6 @@
 #include "devkit/zelctl/import/measured_colors.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <map>
@@ -86,10 +87,10 @@ std::vector<MeasuredColor> Averaged(const std::vector<Reading>& readings) {
 
 const MeasuredColor* Find(const std::vector<MeasuredColor>& colors, const Vec3& signal) {
   const auto key = Key(signal);
-  for (const MeasuredColor& color : colors) {
-    if (Key(color.signal) == key) return &color;
-  }
-  return nullptr;
+  const auto found = std::lower_bound(
+      colors.begin(), colors.end(), key,
+      [](const MeasuredColor& color, const auto& wanted) { return Key(color.signal) < wanted; });
+  return found != colors.end() && Key(found->signal) == key ? &*found : nullptr;
 }
 
 std::string SignalText(const Vec3& signal) {

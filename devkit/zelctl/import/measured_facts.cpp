@@ -11,8 +11,12 @@ namespace zelctl {
 namespace {
 
 using tarn::color::Chromaticity;
+using tarn::color::Ciede2000;
 using tarn::color::Mat3;
+using tarn::color::Inverse;
+using tarn::color::Multiply;
 using tarn::color::Ramp;
+using tarn::color::RampPoint;
 using tarn::color::Vec3;
 using tarn::color::XyzToLab;
 
@@ -61,28 +65,6 @@ Ramp Steps(const Colors& colors, const Vec3& full, const Vec3& black, const Vec3
   return ramp;
 }
 
-void TakeRamps(const Colors& colors, const Ends& ends, PanelFacts* facts) {
-  std::array<Ramp, 3> channels;
-  size_t fewest = SIZE_MAX;
-  for (size_t i = 0; i < 3; ++i) {
-    channels[i] = Steps(colors, kFull[i], ends.black, ends.primaries[i]);
-    fewest = std::min(fewest, channels[i].size());
-  }
-  const Ramp greys = Steps(colors, {1, 1, 1}, ends.black, Without(ends.black, ends.white));
-  if (fewest > 2) {
-    for (size_t i = 0; i < 3; ++i) {
-      const std::string what = std::string(kNames[i]) + " steps";
-      facts->ramps[i] = Smoothed(Rising(channels[i], what, &facts->source));
-    }
-    facts->source.push_back("transfer: from single-channel steps, " + std::to_string(fewest) +
-                            " or more per channel, monotone cubics between them");
-  } else if (greys.size() > 2) {
-    facts->ramps.fill(Smoothed(Rising(greys, "greys", &facts->source)));
-    facts->source.push_back("transfer: from " + std::to_string(greys.size()) +
-                            " greys, one for all channels, monotone cubics between them");
-  }
-}
-
 Ends TakeEnds(const Colors& colors, PanelFacts* facts) {
   Ends ends;
   const MeasuredColor& white = Need(colors, {1, 1, 1}, "full white");
@@ -109,15 +91,77 @@ Ends TakeEnds(const Colors& colors, PanelFacts* facts) {
 }
 
 // How far white is from red, green and blue together, which a description takes for it.
-std::string AdditivityText(const Ends& ends) {
+double Additivity(const Ends& ends, PanelFacts* facts) {
   Vec3 sum = ends.black;
   for (const Vec3& primary : ends.primaries) {
     for (size_t i = 0; i < 3; ++i) sum[i] += primary[i];
   }
-  const double difference =
-      Ciede2000(XyzToLab(sum, ends.white), XyzToLab(ends.white, ends.white));
-  return "additivity: red, green and blue together are CIEDE2000 " + NumberText(difference) +
-         " from white, " + NumberText(100 * sum[1] / ends.white[1]) + " % of its luminance";
+  const double difference = Ciede2000(XyzToLab(sum, ends.white), XyzToLab(ends.white, ends.white));
+  facts->source.push_back("additivity: red, green and blue together are CIEDE2000 " +
+                          NumberText(difference) + " from white, " +
+                          NumberText(100 * sum[1] / ends.white[1]) + " % of its luminance");
+  return difference;
+}
+
+// What the channels share in the greys, put between the steps of each channel. How many.
+size_t AddGreys(const Colors& colors, const Ends& ends, std::array<Ramp, 3>* channels) {
+  Mat3 primaries;  // one per column
+  for (size_t i = 0; i < 3; ++i) {
+    for (size_t j = 0; j < 3; ++j) primaries[i][j] = ends.primaries[j][i];
+  }
+  const Mat3 shares = Inverse(primaries);
+  const Vec3 full = Multiply(shares, Without(ends.black, ends.white));
+  if (!(full[0] > 0 && full[1] > 0 && full[2] > 0)) return 0;
+  constexpr double kApart = 1.0 / 1024;
+  size_t added = 0;
+  for (const MeasuredColor& color : colors) {
+    const double signal = color.signal[0];
+    if (Find(colors, {signal, signal, signal}) != &color) continue;
+    const Vec3 light = Multiply(shares, Without(ends.black, color.xyz));
+    for (size_t i = 0; i < 3; ++i) {
+      Ramp& ramp = (*channels)[i];
+      const auto after = std::lower_bound(
+          ramp.begin(), ramp.end(), signal - kApart,
+          [](const RampPoint& point, double limit) { return point.signal <= limit; });
+      if (after == ramp.end() || after->signal < signal + kApart) continue;
+      ramp.insert(after, {signal, light[i] / full[i]});
+      added += i == 0 ? 1 : 0;
+    }
+  }
+  return added;
+}
+
+void TakeChannels(const Colors& colors, const Ends& ends, bool additive,
+                  std::array<Ramp, 3> channels, PanelFacts* facts) {
+  std::string line = "transfer: from single-channel steps";
+  if (additive) {
+    if (const size_t greys = AddGreys(colors, ends, &channels); greys > 0) {
+      line += " and, between them, the channels' shares in " + std::to_string(greys) + " greys";
+    }
+  }
+  for (size_t i = 0; i < 3; ++i) {
+    const std::string what = std::string(kNames[i]) + " steps";
+    facts->ramps[i] = Smoothed(Rising(channels[i], what, &facts->source));
+    line += (i == 0 ? "; " : ", ") + std::to_string(channels[i].size()) + " of " + kNames[i];
+  }
+  facts->source.push_back(line + ", monotone cubics between them");
+}
+
+void TakeRamps(const Colors& colors, const Ends& ends, bool additive, PanelFacts* facts) {
+  std::array<Ramp, 3> channels;
+  size_t fewest = SIZE_MAX;
+  for (size_t i = 0; i < 3; ++i) {
+    channels[i] = Steps(colors, kFull[i], ends.black, ends.primaries[i]);
+    fewest = std::min(fewest, channels[i].size());
+  }
+  const Ramp greys = Steps(colors, {1, 1, 1}, ends.black, Without(ends.black, ends.white));
+  if (fewest > 2) {
+    TakeChannels(colors, ends, additive, std::move(channels), facts);
+  } else if (greys.size() > 2) {
+    facts->ramps.fill(Smoothed(Rising(greys, "greys", &facts->source)));
+    facts->source.push_back("transfer: from " + std::to_string(greys.size()) +
+                            " greys, one for all channels, monotone cubics between them");
+  }
 }
 
 }  // namespace
@@ -132,8 +176,9 @@ PanelFacts FactsOf(const Colors& colors, const DisplayReadings& readings) {
   if (const std::string spread = SpreadText(colors, ends.white); !spread.empty()) {
     facts.source.push_back(spread);
   }
-  facts.source.push_back(AdditivityText(ends));
-  TakeRamps(colors, ends, &facts);
+  constexpr double kAdditive = 1;
+  const bool additive = Additivity(ends, &facts) < kAdditive;
+  TakeRamps(colors, ends, additive, &facts);
   return facts;
 }
 

@@ -50,6 +50,8 @@ std::vector<Reading> RawReadings(const CgatsTable& table) {
   constexpr double kBrightest = 1e6;
   std::array<size_t, 6> columns;
   for (size_t i = 0; i < 6; ++i) columns[i] = Column(table, kFields[i]);
+  constexpr size_t kMost = 65536;
+  if (table.rows.size() > kMost) throw UsageError("more than 65536 readings");
   std::vector<Reading> readings(table.rows.size());
   for (size_t row = 0; row < readings.size(); ++row) {
     for (size_t i = 0; i < 3; ++i) {
