@@ -174,7 +174,7 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
     SCOPED_TRACE(test.fault);
     const ZelctlRun run = RunZelctl(
         "validate --json --timeout 1 --" + std::string(test.library) + " " BAD_LIBRARIES " --arg x",
-        "FAULT='" + std::string(test.fault) + "'");
+        "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + std::string(test.fault) + "'");
     EXPECT_EQ(run.status, 1);
     const json report = json::parse(run.out, nullptr, false);
     ASSERT_TRUE(report.is_object()) << run.out;
