@@ -162,19 +162,20 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
       {"parser", "crashes", "initialises", "killed by signal 11 (SIGSEGV) while calling Init"},
       {"parser", "aborts in a render intent", "render intents",
        "killed by signal 6 (SIGABRT) while asking for render intent of one (1:1:0)"},
-      {"parser", "hangs", "initialises", "no answer in 1 s while calling Init"},
+      {"parser", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
       {"parser", "hangs in software assets", "software assets",
-       "no answer in 1 s while asking for software assets of one (1:1:0)"},
+       "no answer in " TIMEOUT " s while asking for software assets of one (1:1:0)"},
       {"parser", "exits", "initialises", "ended the process with status 0 while calling Init"},
       {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
       {"parser", "is killed", "software assets",
        "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
-      {"algo", "hangs", "initialises", "no answer in 1 s while calling Init"},
+      {"algo", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.fault);
     const ZelctlRun run = RunZelctl(
-        "validate --json --timeout 1 --" + std::string(test.library) + " " BAD_LIBRARIES " --arg x",
+        "validate --json --timeout " TIMEOUT " --" + std::string(test.library) +
+            " " BAD_LIBRARIES " --arg x",
         "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + std::string(test.fault) + "'");
     EXPECT_EQ(run.status, 1);
     const json report = json::parse(run.out, nullptr, false);
