@@ -13,11 +13,12 @@ packages=(
   cmake ninja-build
   googletest                                  # sources: built against libc++
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
-  gnuplot-nox libpng-dev                      # zelctl's pictures
+  gnuplot-nox fontconfig libpng-dev           # zelctl's pictures
   liblcms2-dev                                # zelctl's ICC profiles
   libbenchmark-dev                            # bench
   python3-numpy python3-pil                   # the judge of colours in tests
   python3-jsonschema                          # the schema of what zelctl prints
+  man-db groff-base                           # the man page
   pkgconf python3                             # tests of what is installed
 )
 if [ "${1:-}" = verify ]; then
@@ -31,6 +32,7 @@ if [ "${1:-}" = verify ]; then
     abigail-tools                             # the ABI
     opencolorio-tools python3-pyopencolorio   # readers of the files that zelctl exports
     ffmpeg liblcms2-utils argyll
+    colord-data colord-tests icc-profiles-free  # profiles and measurements of others
   )
 fi
 

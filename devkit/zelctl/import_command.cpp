@@ -1,4 +1,6 @@
+#include <filesystem>
 #include <iostream>
+#include <system_error>
 
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
@@ -10,6 +12,11 @@
 namespace zelctl {
 
 void RunImport(const GlobalOptions& globals, const ImportArguments& arguments) {
+  CheckOptions(arguments.options);
+  std::error_code none_there;
+  if (std::filesystem::equivalent(arguments.file, arguments.output, none_there)) {
+    throw UsageError("--output: " + arguments.output + " is the file to import");
+  }
   const ImportedPanel imported = ImportPanel(
       arguments.file, ReadWhole(arguments.file, "file"), arguments.options);
   WriteOutput(arguments.output, DescriptionText(imported.description));

@@ -40,12 +40,14 @@ bool Exceeds(const Target& target, const tarn::color::Primaries& panel) {
   });
 }
 
-Json TargetMode(const std::string& name, const tarn::color::Primaries& panel) {
+const Target* FindTarget(const std::string& name) {
   const auto target = std::find_if(kTargets.begin(), kTargets.end(),
                                    [&name](const Target& t) { return name == t.name; });
-  if (target == kTargets.end()) {
-    throw UsageError("no target '" + name + "'; there are " + TargetNames());
-  }
+  return target == kTargets.end() ? nullptr : &*target;
+}
+
+Json TargetMode(const std::string& name, const tarn::color::Primaries& panel) {
+  const Target* target = FindTarget(name);
   Json mode = {{"label", name},
                {"gamut", target->gamut},
                {"gamma", target->gamma},
@@ -109,10 +111,18 @@ std::string Joined(const std::vector<std::string>& parts) {
 
 }  // namespace
 
-std::string TargetNames() {
+void CheckOptions(const ImportOptions& options) {
   std::vector<std::string> names;
   for (const Target& target : kTargets) names.emplace_back(target.name);
-  return Joined(names);
+  for (const std::string& name : options.targets) {
+    if (FindTarget(name) != nullptr) continue;
+    throw UsageError("--targets: no target '" + name + "'; there are " + Joined(names));
+  }
+  try {
+    if (options.transfer) ParseTransfer(*options.transfer);
+  } catch (const UsageError& e) {
+    throw UsageError(std::string("--transfer: ") + e.what());
+  }
 }
 
 Json Describe(const ImportOptions& options, PanelFacts* facts) {

@@ -8,11 +8,12 @@
 
 namespace zelctl {
 
-// The names that --targets takes, for a message.
-std::string TargetNames();
+// Throws UsageError, which begins with the option, for a transfer function or a target
+// that there is not.
+void CheckOptions(const ImportOptions& options);
 
-// A description with a native mode and those of the options. Throws UsageError that
-// names all that neither facts nor options say. Adds to `facts->source` what the options
+// A description with a native mode and those of the options, which are checked. Throws
+// UsageError that names all that neither facts nor options say. Adds to `facts->source` what the options
 // said and which form the transfer function took.
 Json Describe(const ImportOptions& options, PanelFacts* facts);
 

@@ -59,7 +59,7 @@ Mat3 Unadaptation(const IccProfile& profile, PanelFacts* facts) {
   return unadapted;
 }
 
-Vec3 Ends(const IccProfile& profile, bool full) {
+Vec3 CurveEnds(const IccProfile& profile, bool full) {
   Vec3 ends;
   for (size_t i = 0; i < 3; ++i) {
     ends[i] = (full ? profile.curves[i].back() : profile.curves[i].front()).light;
@@ -70,7 +70,7 @@ Vec3 Ends(const IccProfile& profile, bool full) {
 void TakeColors(const IccProfile& profile, PanelFacts* facts) {
   const Mat3 unadapted = Unadaptation(profile, facts);
   const Mat3 light = Multiply(unadapted, profile.colorants);
-  const Vec3 white = Multiply(light, Ends(profile, true));
+  const Vec3 white = Multiply(light, CurveEnds(profile, true));
   facts->primaries = {.red = ChromaticityOf(Column(light, 0), "red (rXYZ)"),
                       .green = ChromaticityOf(Column(light, 1), "green (gXYZ)"),
                       .blue = ChromaticityOf(Column(light, 2), "blue (bXYZ)"),
@@ -81,14 +81,14 @@ void TakeColors(const IccProfile& profile, PanelFacts* facts) {
       Ciede2000(XyzToLab(white, expected), XyzToLab(expected, expected));
   constexpr double kSeen = 0.1;
   if (difference > kSeen) {
-    line += "; CIEDE2000 " + NumberText(difference) + " from the white that it is adapted from";
+    line += "; " + DifferenceText(difference) + " from the white that it is adapted from";
   }
   facts->source.push_back(line);
 }
 
 void TakeBlack(const IccProfile& profile, PanelFacts* facts) {
-  const double white = Multiply(profile.colorants, Ends(profile, true))[1];
-  const double at_zero = Multiply(profile.colorants, Ends(profile, false))[1];
+  const double white = Multiply(profile.colorants, CurveEnds(profile, true))[1];
+  const double at_zero = Multiply(profile.colorants, CurveEnds(profile, false))[1];
   if (profile.black && (*profile.black)[1] > 0 && profile.white[1] > 0) {
     facts->black = (*profile.black)[1] / profile.white[1];
     facts->source.push_back("black: the black point (bkpt), " + NumberText(*facts->black) +

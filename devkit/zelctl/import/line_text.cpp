@@ -11,6 +11,13 @@ std::string NumberText(double value) {
   return text.str();
 }
 
+std::string DifferenceText(double ciede2000) {
+  std::ostringstream text;
+  text.precision(3);
+  text << std::fixed << "CIEDE2000 " << ciede2000;
+  return text.str();
+}
+
 std::string ChromaticityText(const tarn::color::Chromaticity& xy) {
   std::ostringstream text;
   text.precision(4);

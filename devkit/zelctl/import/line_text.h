@@ -11,7 +11,10 @@ namespace zelctl {
 // With at most 6 significant digits.
 std::string NumberText(double value);
 
-// "x 0.3127 y 0.329".
+// "CIEDE2000 0.102".
+std::string DifferenceText(double ciede2000);
+
+// "x 0.3127 y 0.3290".
 std::string ChromaticityText(const tarn::color::Chromaticity& xy);
 
 // A file's own text, which may hold anything and be of any length: blanks and

@@ -58,10 +58,10 @@ std::string ResidualText(const std::vector<MeasuredColor>& colors,
     sum += difference;
     ++count;
   }
-  return "residual: CIEDE2000 of the description against " + std::to_string(count) +
-         (greys ? " greys" : " colours") + ": mean " +
-         NumberText(sum / static_cast<double>(count)) + ", largest " +
-         NumberText(worst.difference) + " (" + SignalText(worst.color->signal) + ")";
+  return "residual: of " + std::to_string(count) + (greys ? " greys" : " colours") +
+         " the description is " + DifferenceText(sum / static_cast<double>(count)) +
+         " off in the mean, at most " + DifferenceText(worst.difference) + " (" +
+         SignalText(worst.color->signal) + ")";
 }
 
 }  // namespace
@@ -105,7 +105,7 @@ std::string SpreadText(const std::vector<MeasuredColor>& colors, const Vec3& whi
     for (const Vec3& xyz : color.readings) worst.Take(Difference(xyz, color.xyz, white), color);
   }
   if (worst.color == nullptr) return "";
-  return "repeats: CIEDE2000 at most " + NumberText(worst.difference) + " from their mean (" +
+  return "repeats: at most " + DifferenceText(worst.difference) + " from their mean (" +
          SignalText(worst.color->signal) + ")";
 }
 

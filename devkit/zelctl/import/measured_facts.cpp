@@ -97,8 +97,8 @@ double Additivity(const Ends& ends, PanelFacts* facts) {
     for (size_t i = 0; i < 3; ++i) sum[i] += primary[i];
   }
   const double difference = Ciede2000(XyzToLab(sum, ends.white), XyzToLab(ends.white, ends.white));
-  facts->source.push_back("additivity: red, green and blue together are CIEDE2000 " +
-                          NumberText(difference) + " from white, " +
+  facts->source.push_back("additivity: red, green and blue together are " +
+                          DifferenceText(difference) + " from white, " +
                           NumberText(100 * sum[1] / ends.white[1]) + " % of its luminance");
   return difference;
 }
