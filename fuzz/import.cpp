@@ -14,11 +14,10 @@ namespace {
 
 void Import(const std::string& bytes, const zelctl::ImportOptions& options) {
   try {
-    const zelctl::ImportedPanel imported = zelctl::ImportPanel("in", bytes, options);
-    const std::string text = zelctl::DescriptionText(imported.description);
+    const std::string text = zelctl::DescriptionText(zelctl::ImportPanel("in", bytes, options));
     const auto panel = tarn::reference::ReadPanel(nlohmann::json::parse(text));
     Require(panel.modes.size() == 1 + options.targets.size(), "all modes");
-    Require(panel.notes == imported.notes, "the notes that were shown");
+    Require(panel.notes.empty(), "nothing that the reader would have to mend");
   } catch (const zelctl::UsageError& e) {
     const std::string reason = e.what();
     Require(reason.size() > 4 && reason.size() < 500, "a reason of a readable length");

@@ -17,20 +17,18 @@ void RunImport(const GlobalOptions& globals, const ImportArguments& arguments) {
   if (std::filesystem::equivalent(arguments.file, arguments.output, none_there)) {
     throw UsageError("--output: " + arguments.output + " is the file to import");
   }
-  const ImportedPanel imported = ImportPanel(
+  const Json description = ImportPanel(
       arguments.file, ReadWhole(arguments.file, "file"), arguments.options);
-  WriteOutput(arguments.output, DescriptionText(imported.description));
+  WriteOutput(arguments.output, DescriptionText(description));
   if (globals.json) {
     PrintJson({{"output", arguments.output},
-               {"source", imported.description["source"]},
-               {"notes", imported.notes}},
+               {"source", description["source"]}},
               std::cout);
     return;
   }
-  for (const auto& line : imported.description["source"]) {
+  for (const auto& line : description["source"]) {
     std::cout << line.get<std::string>() << '\n';
   }
-  for (const std::string& note : imported.notes) std::cout << "note: " << note << '\n';
 }
 
 }  // namespace zelctl

@@ -25,7 +25,7 @@ Chromaticity ReadPrimary(const JsonValue& value, std::vector<std::string>* notes
   // No light has more, but the fractions of 16 bits in profiles miss a pure red by that.
   constexpr double kRounding = 1e-4;
   const double sum = c.x + c.y;
-  if (sum <= 1) return c;
+  if (sum <= 1 + 1e-9) return c;
   if (sum > 1 + kRounding) value.Refuse("x + y must not exceed 1");
   std::ostringstream note;
   note << "x + y exceeds 1 by " << sum - 1 << ", taken for rounding";

@@ -74,8 +74,12 @@ Json Modes(const std::vector<std::string>& targets, const tarn::color::Primaries
 
 double Rounded(double value, double places) { return std::round(places * value) / places; }
 
-// What was measured to fewer places is written to no more.
-Json Pair(const Chromaticity& xy) { return {Rounded(xy.x, 1e6), Rounded(xy.y, 1e6)}; }
+Json Pair(const Chromaticity& xy) {
+  const double x = Rounded(xy.x, 1e6);
+  const double y = Rounded(xy.y, 1e6);
+  // Rounding must not make a sum of 1 more than that.
+  return {x, xy.x + xy.y <= 1 ? std::min(y, Rounded(1 - x, 1e6)) : y};
+}
 
 // The value of an option, or else of the file, or else a line of what is missing.
 double Chosen(const std::optional<double>& option, const std::optional<double>& file,
@@ -125,6 +129,12 @@ void CheckOptions(const ImportOptions& options) {
   }
 }
 
+Json PrimariesJson(const tarn::color::Primaries& primaries) {
+  return {{"red", Pair(primaries.red)},
+          {"green", Pair(primaries.green)},
+          {"blue", Pair(primaries.blue)}};
+}
+
 Json Describe(const ImportOptions& options, PanelFacts* facts) {
   std::vector<std::string> missing;
   const double peak =
@@ -140,9 +150,7 @@ Json Describe(const ImportOptions& options, PanelFacts* facts) {
   const auto& primaries = facts->primaries;
   facts->source.push_back("bit depth: " + std::to_string(*options.bit_depth) + ", by --bit-depth");
   Json panel = {{"primaries",
-                 {{"red", Pair(primaries.red)},
-                  {"green", Pair(primaries.green)},
-                  {"blue", Pair(primaries.blue)}}},
+PrimariesJson(primaries)},
                 {"white", Pair(primaries.white)},
                 {"luminance", {{"peak", Rounded(peak, 1e6)}, {"black", Rounded(black_chosen, 1e6)}}},
                 {"transfer", transfer},

@@ -17,6 +17,9 @@ void CheckOptions(const ImportOptions& options);
 // said and which form the transfer function took.
 Json Describe(const ImportOptions& options, PanelFacts* facts);
 
+// The value of "primaries".
+Json PrimariesJson(const tarn::color::Primaries& primaries);
+
 // As a file: pairs and short lists of numbers in one line.
 std::string DescriptionText(const Json& description);
 

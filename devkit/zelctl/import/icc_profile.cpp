@@ -105,8 +105,10 @@ std::string Description(const Profile& profile) {
 
 // Refuses what is no matrix/TRC profile of a display.
 void CheckKind(const Profile& profile) {
-  const cmsColorSpaceSignature space = cmsGetColorSpace(profile.Get());
-  if (cmsGetDeviceClass(profile.Get()) != cmsSigDisplayClass || space != cmsSigRgbData) {
+  // A file may hold values that these enumerations don't have.
+  const auto space = static_cast<cmsUInt32Number>(cmsGetColorSpace(profile.Get()));
+  const auto device = static_cast<cmsUInt32Number>(cmsGetDeviceClass(profile.Get()));
+  if (device != cmsSigDisplayClass || space != cmsSigRgbData) {
     Refuse("not a profile of an RGB display" + std::string(kSupported));
   }
   for (const auto tag : {cmsSigRedColorantTag, cmsSigGreenColorantTag, cmsSigBlueColorantTag,

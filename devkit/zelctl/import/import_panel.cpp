@@ -24,19 +24,23 @@ Panel PanelOf(const Json& description) {
 }
 
 // `colors` are those of a measurement, with which the description is compared.
-ImportedPanel Complete(const ImportOptions& options, const std::vector<MeasuredColor>& colors,
-                       PanelFacts facts) {
-  ImportedPanel imported = {.description = Describe(options, &facts)};
-  const Panel panel = PanelOf(imported.description);
+Json Complete(const ImportOptions& options, const std::vector<MeasuredColor>& colors,
+              PanelFacts facts) {
+  Json description = Describe(options, &facts);
+  const Panel panel = PanelOf(description);
+  if (!panel.notes.empty()) {  // of primaries, whose rounding the reader took off
+    description["panel"]["primaries"] = PrimariesJson(panel.primaries);
+    facts.source.insert(facts.source.end(), panel.notes.begin(), panel.notes.end());
+  }
   if (!colors.empty()) {
     for (const std::string& line : ResidualTexts(colors, panel)) facts.source.push_back(line);
   }
-  imported.description["source"] = facts.source;
-  imported.notes = PanelOf(imported.description).notes;
-  return imported;
+  description["source"] = facts.source;
+  PanelOf(description);
+  return description;
 }
 
-ImportedPanel ImportProfile(const std::string& bytes, const std::string& name,
+Json ImportProfile(const std::string& bytes, const std::string& name,
                             const ImportOptions& options) {
   PanelFacts facts = FactsOf(ReadIccProfile(bytes));
   facts.source.front().insert(0, name + ": ");
@@ -44,7 +48,7 @@ ImportedPanel ImportProfile(const std::string& bytes, const std::string& name,
   return Complete(options, {}, std::move(facts));
 }
 
-ImportedPanel ImportMeasurements(const CgatsTable& table, const std::string& name,
+Json ImportMeasurements(const CgatsTable& table, const std::string& name,
                                  const ImportOptions& options) {
   const DisplayReadings readings = ReadingsOf(table);
   const std::vector<MeasuredColor> colors = Averaged(readings.readings);
@@ -66,7 +70,7 @@ bool IsCgats(const std::string& bytes) {
 
 }  // namespace
 
-ImportedPanel ImportPanel(const std::string& path, const std::string& bytes,
+Json ImportPanel(const std::string& path, const std::string& bytes,
                           const ImportOptions& options) {
   const std::string name = PlainText(std::filesystem::path(path).filename().string());
   if (IsCgats(bytes)) {

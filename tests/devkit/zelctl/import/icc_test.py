@@ -86,15 +86,15 @@ class Icc(ImportCase):
                     taken += 1
                     description, _ = self.imported(path, *EVERYTHING, "--targets", targets)
                     self.assertEqual(len(description["modes"]), 6)
-                    if path in KNOWN or path == MEASURED:
-                        self.assert_renders(description)
+                    self.assert_renders(description, None if path in KNOWN else "bt2020_hlg")
                     panel = Panel({**description, "panel": {
                         **description["panel"], "luminance": {"peak": 1}}})
                     adapted = panel.shown(SIGNALS[::7]) @ bradford(xyz_of(panel.white), D50).T
                     found = relative(path)
                     # Black is told apart: a profile may have it in its curves.
                     found -= found[0] * (1 - found[:, 1:2] / found[:, 1].max())
-                    self.assertLess(difference(lab(found, D50), lab(adapted, D50)).max(), 0.12)
+                    limit = 0.2 if path == MEASURED else 0.05
+                    self.assertLess(difference(lab(found, D50), lab(adapted, D50)).max(), limit)
         self.assertGreater(taken, 35)
 
     @needs_shipped
@@ -155,7 +155,7 @@ class Icc(ImportCase):
     def test_curves(self):
         """Falling light is evened out up to 2 %, equal neighbours told apart, long ones thinned."""
         rising = [round(65535 * (i / 255)**3) for i in range(256)]
-        noisy = [*rising[:9], rising[9] - 30, rising[10] - 60, *rising[11:]]
+        noisy = [*rising[:61], rising[60] - 30, rising[60] - 60, *rising[63:]]
         falling = [*rising[:200], 20000, *rising[201:]]
         long = [round(65535 * (0.9 * i / 9999 + 0.1 * (i / 9999)**3)) for i in range(10000)]
         for entries, said in ((noisy, "evened out by at most"), (long, "steps of 16 bits off")):
@@ -176,7 +176,7 @@ class Icc(ImportCase):
         curves = ("rTRC", "gTRC", "bTRC")
         for content, said in (
                 (b"", "empty"),
-                (whole[:600], "truncated: the header says"),
+                (whole[:-20], "truncated: the header says"),
                 (b"\0" * 36 + b"acsp", "truncated"),
                 (b"\x7fELF" + bytes(200), "neither an ICC profile nor"),
                 (bytes(17 << 20), "larger than 16 MiB"),
