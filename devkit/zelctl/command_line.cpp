@@ -150,7 +150,7 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("TEXT");
   command
       ->add_option("--timeout", arguments->timeout,
-                   "Seconds that a library may take for a rule; default 10")
+                   "Seconds that a library may take for a call; default 10")
       ->check(CLI::Range(1U, 3600U).description(""))
       ->type_name("SECONDS");
   command->footer(kValidateHelp);

@@ -38,7 +38,7 @@ struct ValidateArguments {
   std::optional<std::string> parser;
   std::optional<std::string> algo;
   std::optional<std::string> arg;
-  uint32_t timeout = 10;  // seconds for each rule
+  uint32_t timeout = 10;  // seconds for each call
 };
 
 void RunModes(const GlobalOptions& globals);

@@ -4,8 +4,10 @@
 
 #include "devkit/zelctl/command_line.h"
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/standard_streams.h"
 
 int main(int argc, char** argv) {
+  zelctl::OccupyStandardStreams();
   try {
     return zelctl::RunCommandLine(argc, argv);
   } catch (const zelctl::UsageError& e) {

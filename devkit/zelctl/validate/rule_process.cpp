@@ -24,6 +24,7 @@ using Clock = std::chrono::steady_clock;
 constexpr int kSliceMs = 50;                      // between two looks at whether the child lives
 constexpr size_t kMostPrinted = 4096;             // of one rule
 constexpr size_t kHeader = 2 + sizeof(uint32_t);  // kind, verdict, bytes that follow
+constexpr int kCutOff = 125;                      // the child's status where it can't report
 
 void MakePipe(int* read_end, int* write_end) {
   std::array<int, 2> ends = {};
@@ -67,7 +68,7 @@ void RuleChannel::Send(char kind, const std::string& text) {
   frame.append(reinterpret_cast<const char*>(&size), sizeof size).append(text);
   for (size_t sent = 0; sent < frame.size();) {
     const ssize_t written = write(fd_, frame.data() + sent, frame.size() - sent);
-    if (written < 0 && errno != EINTR) _exit(1);  // nobody listens any more
+    if (written < 0 && errno != EINTR) _exit(kCutOff);
     sent += static_cast<size_t>(std::max<ssize_t>(written, 0));
   }
 }
@@ -90,6 +91,7 @@ RuleProcess::RuleProcess(const std::function<void(RuleChannel*)>& rules) {
     _exit(0);
   }
   setpgid(child_, child_);  // whichever of the two comes first
+  guard_.emplace(child_);
   close(frames);
   close(printed);
 }
@@ -104,9 +106,9 @@ RuleProcess::~RuleProcess() {
 RuleProcess::Outcome RuleProcess::Await(std::chrono::seconds limit) {
   Outcome outcome;
   doing_.clear();
-  const auto deadline = Clock::now() + limit;
+  since_ = Clock::now();
   while (!TakeFinding(&outcome)) {
-    if (Clock::now() >= deadline) {
+    if (Clock::now() >= since_ + limit) {
       outcome.finding = {Verdict::kFailed,
                          "no answer in " + std::to_string(limit.count()) + " s" + While()};
       outcome.ended = true;
@@ -130,6 +132,9 @@ bool RuleProcess::ReadPrinted(Outcome* outcome) {
   const bool more = Drain(printed_, &text);
   const size_t room = kMostPrinted - std::min(kMostPrinted, outcome->printed.size());
   outcome->printed.append(text, 0, room);
+  if (text.size() > room && outcome->printed.size() <= kMostPrinted) {
+    outcome->printed.append("\n(and more)");
+  }
   return more;
 }
 
@@ -162,6 +167,7 @@ bool RuleProcess::TakeFinding(Outcome* outcome) {
     received_.erase(0, kHeader + size);
     if (kind == 'D') {
       doing_ = text;
+      since_ = Clock::now();
       continue;
     }
     outcome->finding = {static_cast<Verdict>(kind - '0'), text};
@@ -173,6 +179,9 @@ bool RuleProcess::TakeFinding(Outcome* outcome) {
 Finding RuleProcess::HowItEnded() {
   siginfo_t state = {};
   waitid(P_PID, static_cast<id_t>(child_), &state, WEXITED | WNOWAIT);
+  if (state.si_code == CLD_EXITED && state.si_status == kCutOff) {
+    return {Verdict::kFailed, "closed files of zelctl's" + While()};
+  }
   const std::string number = std::to_string(state.si_status);
   const bool exited = state.si_code == CLD_EXITED;
   return {Verdict::kFailed,

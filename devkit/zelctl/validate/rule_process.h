@@ -6,9 +6,11 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "devkit/zelctl/validate/finding.h"
+#include "devkit/zelctl/validate/group_guard.h"
 
 namespace zelctl {
 
@@ -42,8 +44,8 @@ class RuleProcess {
     std::string printed;  // by the library, on either standard stream
   };
 
-  // The next rule's finding. Where the child is gone, or silent for longer than
-  // `limit`, the finding says so.
+  // The next rule's finding. Where the child is gone, or the library takes longer than
+  // `limit` for what it is asked, the finding says so.
   Outcome Await(std::chrono::seconds limit);
 
  private:
@@ -58,6 +60,8 @@ class RuleProcess {
   int printed_ = -1;  // from the child's standard streams
   std::string received_;
   std::string doing_;
+  std::chrono::steady_clock::time_point since_;
+  std::optional<GroupGuard> guard_;
 };
 
 }  // namespace zelctl
