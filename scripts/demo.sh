@@ -8,7 +8,7 @@ show() {
   local heading=$1
   shift
   printf '\n# %s\n$ zelctl %s\n' "$heading" "$*"
-  build/release/bin/zelctl --log-level 0 "$@"
+  build/release/bin/zelctl "$@"
 }
 
 scripts/build.sh release

@@ -4,7 +4,7 @@
 source "$(dirname "$0")/prelude.sh"
 
 scripts/build.sh release
-zelctl() { build/release/bin/zelctl --log-level 0 "$@"; }
+zelctl() { build/release/bin/zelctl "$@"; }
 sample=devkit/pictures/sample.png
 docs=docs/pictures
 mkdir -p "$docs"

@@ -12,7 +12,7 @@ void RunAssets(const GlobalOptions& globals, const std::string& mode_text) {
   const auto& mode = list.modes[SelectMode(list, mode_text)];
   velaricolor::HwConfigOutputParams output;
   session.Process(velaricolor::kVcModeSwAssets, mode, &output);
-  ReportBlocks(output, globals.json, std::cout);
+  ReportBlocks(globals, output);
 }
 
 }  // namespace zelctl

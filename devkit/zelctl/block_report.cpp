@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iostream>
 #include <string>
+#include <utility>
 
 #include "devkit/zelctl/block_json.h"
 #include "devkit/zelctl/text_table.h"
@@ -64,29 +66,50 @@ std::string Enabled(const Json& block) {
   return block["enable"].get<bool>() ? "yes" : "no";
 }
 
+// Replaces what is long by its length.
+void Shorten(Json* block) {
+  constexpr size_t kLongList = 32;
+  constexpr size_t kLongText = 256;
+  for (auto& [key, value] : block->items()) {
+    if (value.is_array() && value.size() > kLongList) {
+      value = {{"entries", value.size()}, {"first", value.front()}, {"last", value.back()}};
+    } else if (value.is_string() && value.get_ref<const std::string&>().size() > kLongText) {
+      value = {{"bytes", value.get_ref<const std::string&>().size() / 2}};
+    }
+  }
+}
+
 }  // namespace
 
-Json BlocksJson(const velaricolor::HwConfigOutputParams& output) {
+Json BlocksJson(const velaricolor::HwConfigOutputParams& output, bool tables) {
   Json blocks = Json::array();
-  for (const auto& payload : output.payloads) blocks.push_back(BlockJson(payload));
+  for (const auto& payload : output.payloads) {
+    Json block = BlockJson(payload);
+    const std::string hash = Hash(block);
+    if (!tables) Shorten(&block);
+    block["hash"] = hash;
+    blocks.push_back(std::move(block));
+  }
   return blocks;
 }
 
 void PrintBlocks(const velaricolor::HwConfigOutputParams& output, std::ostream& out) {
   TextTable table({{"BLOCK"}, {"ON"}, {"HASH"}, {"CONTENTS"}});
-  for (const Json& block : BlocksJson(output)) {
+  for (const auto& payload : output.payloads) {
+    const Json block = BlockJson(payload);
     table.Add({block["name"], Enabled(block), Hash(block), Contents(block)});
   }
   table.Print(out);
 }
 
-void ReportBlocks(const velaricolor::HwConfigOutputParams& output, bool json, std::ostream& out) {
-  if (json) {
-    PrintJson({{"blocks", BlocksJson(output)}}, out);
+void ReportBlocks(const GlobalOptions& globals, const velaricolor::HwConfigOutputParams& output) {
+  if (globals.json) {
+    PrintJson({{"blocks", BlocksJson(output, globals.tables)}, {"problems", globals.problems}},
+              std::cout);
   } else if (output.payloads.empty()) {
-    out << "no blocks\n";
+    std::cout << "no blocks\n";
   } else {
-    PrintBlocks(output, out);
+    PrintBlocks(output, std::cout);
   }
 }
 

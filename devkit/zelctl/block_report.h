@@ -3,17 +3,20 @@
 
 #include <ostream>
 
+#include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/json_output.h"
 #include "modes/mode_op_params.h"
 
 namespace zelctl {
 
-Json BlocksJson(const velaricolor::HwConfigOutputParams& output);
+// With a hash over all fields of each; without `tables`, of what is long only how long it
+// is, and a list's ends.
+Json BlocksJson(const velaricolor::HwConfigOutputParams& output, bool tables);
 
 // One line per block, with a hash over all its fields: equal where nothing changed.
 void PrintBlocks(const velaricolor::HwConfigOutputParams& output, std::ostream& out);
 
 // What the commands without options of their own end with.
-void ReportBlocks(const velaricolor::HwConfigOutputParams& output, bool json, std::ostream& out);
+void ReportBlocks(const GlobalOptions& globals, const velaricolor::HwConfigOutputParams& output);
 
 }  // namespace zelctl

@@ -29,10 +29,23 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
       ->type_name("PATH");
   app.add_option("--log-level", globals->session.log_level,
                  "0 errors, 1 start-up too, 2 everything; default: the\n"
-                 "environment's vendor.display.zelloglevel, or else 1")
+                 "environment's vendor.display.zelloglevel, or else 0")
       ->check(CLI::Range(0, 2).description(""))
       ->type_name("LEVEL");
+  app.add_option("--parser", globals->session.libraries.parser,
+                 "The mode parser; default: as the plug-in finds it by name")
+      ->take_last()
+      ->type_name("FILE");
+  app.add_option("--algo", globals->session.libraries.algo,
+                 "The algorithm library; default: the same way")
+      ->take_last()
+      ->type_name("FILE");
+  app.add_flag("--strict", globals->strict,
+               "Fail where the host would not get an answer whole: a failed\n"
+               "parser, a block that does not arrive, a number that is none");
   app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
+  app.add_flag("--tables", globals->tables, "With --json: tables and opaque bytes in full");
+  globals->session.problems = &globals->problems;
 }
 
 // An option whose text `parse` turns into a value; its complaint names the option.
@@ -143,9 +156,6 @@ void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals) {
 void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
   auto arguments = std::make_shared<ValidateArguments>();
   auto* command = app.add_subcommand("validate", "Check a mode parser or an algorithm library");
-  command->add_option("--parser", arguments->parser, "The mode parser to check")->type_name("PATH");
-  command->add_option("--algo", arguments->algo, "The algorithm library to check")
-      ->type_name("PATH");
   command->add_option("--arg", arguments->arg, "Text for Init; default: the path of --panel")
       ->type_name("TEXT");
   command
@@ -193,6 +203,10 @@ int RunCommandLine(int argc, char** argv) {
     throw UsageError(e.what());
   }
   if (!std::cout.flush()) throw std::runtime_error("can't write to standard output");
+  if (globals.strict && !globals.problems.empty()) {
+    throw ReportedError(std::to_string(globals.problems.size()) +
+                        (globals.problems.size() == 1 ? " problem" : " problems"));
+  }
   return 0;
 }
 

@@ -4,6 +4,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "devkit/zelctl/host_session.h"
 #include "devkit/zelctl/plot/mode_plot.h"
@@ -14,6 +15,9 @@ namespace zelctl {
 struct GlobalOptions {
   SessionOptions session;
   bool json = false;
+  bool tables = false;                // in JSON: all entries
+  bool strict = false;                // a problem makes the run fail
+  std::vector<std::string> problems;  // what a host would not get whole, so far
 };
 
 struct RenderArguments {
@@ -33,10 +37,8 @@ struct PlotArguments {
   RenderOptions options;
 };
 
-// Paths unset: the libraries that the plug-in would find; text unset: --panel's.
+// Text unset: --panel's.
 struct ValidateArguments {
-  std::optional<std::string> parser;
-  std::optional<std::string> algo;
   std::optional<std::string> arg;
   uint32_t timeout = 10;  // seconds for each call
 };

@@ -9,7 +9,7 @@ void RunDither(const GlobalOptions& globals) {
   HostSession session(globals.session);
   const auto output =
       session.Get<velaricolor::HwConfigOutputParams>(velaricolor::kVcPbDitherHwConfig);
-  ReportBlocks(output, globals.json, std::cout);
+  ReportBlocks(globals, output);
 }
 
 }  // namespace zelctl

@@ -12,8 +12,17 @@ inline constexpr int kExitUsage = 2;       // a wrong mode, file, number or opti
 // "-22 (EINVAL)"; a library's own code that is no errno value stays a number.
 std::string CodeText(int code);
 
+// Names and labels of libraries, whatever they hold: a line stays a line.
+std::string OneLine(std::string text);
+
 // The user's input can't be used. One line, without a final full stop.
 class UsageError : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+// What failed stands in the output already; this sums it up.
+class ReportedError : public std::runtime_error {
  public:
   using std::runtime_error::runtime_error;
 };

@@ -2,11 +2,20 @@
 
 #include <dlfcn.h>
 
+#include <algorithm>
+#include <cmath>
 #include <cstdlib>
 #include <filesystem>
+#include <iostream>
+#include <utility>
 
+#include "convert/pa_de_config.h"
+#include "devkit/zelctl/blocks/block_record.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
+#include "handlers/post_blend_hw_config.h"
+#include "pcc/pcc_config.h"
+#include "plugin/block_names.h"
 
 namespace zelctl {
 namespace {
@@ -76,18 +85,64 @@ velaricolor::VcPostBlendInterface* Create(void* library, const std::string& path
   return plugin;
 }
 
+template <typename Numbers>
+bool AllFinite(const Numbers& numbers) {
+  return std::all_of(numbers.begin(), numbers.end(), [](double n) { return std::isfinite(n); });
+}
+
+bool HoldsNoNumber(const velaricolor::HwConfigPayload& payload) {
+  if (payload.hw_block == velaricolor::kPostBlendPCC) {
+    const auto* pcc = RecordOf<velaricolor::PccPostBlendConfig>(payload);
+    return pcc != nullptr &&
+           !(AllFinite(pcc->coeffs.r) && AllFinite(pcc->coeffs.g) && AllFinite(pcc->coeffs.b));
+  }
+  if (payload.hw_block != velaricolor::kPostBlendPa) return false;
+  const auto* pa = RecordOf<velaricolor::PaPostBlendConfig>(payload);
+  if (pa == nullptr) return false;
+  return !AllFinite(pa->f_params) ||
+         !std::all_of(pa->sub_params.begin(), pa->sub_params.end(),
+                      [](const auto& sub) { return AllFinite(sub.floats); });
+}
+
 }  // namespace
 
 void HostSession::LibraryCloser::operator()(void* handle) const { dlclose(handle); }
 
-HostSession::HostSession(const SessionOptions& options) {
+HostSession::HostSession(const SessionOptions& options)
+    : problems_(options.problems), libraries_(options.libraries, options.plugin) {
   RequireReadable(options.panel, "panel");
-  if (options.log_level) {  // read while the library loads
-    setenv(kLogLevelProperty, std::to_string(*options.log_level).c_str(), 1);
+  for (const auto& [file, what] : {std::pair(options.libraries.parser, "parser"),
+                                   {options.libraries.algo, "algorithm library"}}) {
+    if (file) RequireReadable(*file, what);
   }
+  // Read while the library loads. An environment that asks for more is kept.
+  const std::string level = std::to_string(options.log_level.value_or(0));
+  setenv(kLogLevelProperty, level.c_str(), options.log_level ? 1 : 0);
   library_.reset(OpenPlugin(options.plugin));
   plugin_.reset(Create(library_.get(), options.plugin));
-  Check("Init(\"" + options.panel + "\")", plugin_->Init(options.panel));
+  Initialise(options);
+}
+
+void HostSession::Initialise(const SessionOptions& options) {
+  const int code = plugin_->Init(options.panel);
+  const std::string failure = libraries_.ParserFailure();
+  if (code != velaricolor::kOk && !failure.empty()) {
+    throw std::runtime_error("can't use mode parser " + failure);
+  }
+  Check("Init(\"" + options.panel + "\")", code);
+  const std::string why = libraries_.AlgoFailure();
+  if (options.libraries.algo && !why.empty()) {
+    throw std::runtime_error("can't use algorithm library " + why);
+  }
+}
+
+void HostSession::Tell(const std::string& problem) {
+  std::cerr << "zelctl: " << problem << '\n';
+  if (problems_ != nullptr) problems_->push_back(problem);
+}
+
+void HostSession::TellProblems() {
+  for (const std::string& problem : libraries_.TakeProblems()) Tell(problem);
 }
 
 HostSession::~HostSession() { plugin_->DeInit(); }
@@ -97,11 +152,17 @@ void HostSession::Notify(VcProperty property) {
 }
 
 void HostSession::SetPayload(VcProperty property, const velaricolor::VcPayload& payload) {
+  if (payload.len == sizeof(velaricolor::PostBlendHwConfig)) {
+    const auto& size = *static_cast<const velaricolor::PostBlendHwConfig*>(payload.payload);
+    libraries_.SetEntries(property, size.num_of_entries);
+  }
   Check("SetProperty(" + std::string(Name(property)) + ")", plugin_->SetProperty(payload));
 }
 
 void HostSession::GetPayload(VcProperty property, velaricolor::VcPayload* payload) {
-  Check("GetProperty(" + std::string(Name(property)) + ")", plugin_->GetProperty(payload));
+  const int code = plugin_->GetProperty(payload);
+  TellProblems();
+  Check("GetProperty(" + std::string(Name(property)) + ")", code);
 }
 
 void HostSession::Process(velaricolor::VcOps op, const velaricolor::ColorMode& mode,
@@ -110,7 +171,13 @@ void HostSession::Process(velaricolor::VcOps op, const velaricolor::ColorMode& m
       .hw_assets = mode.hw_assets, .mode = mode, .aux_data = {}};
   const auto in = velaricolor::Wrap(&request);
   auto result = velaricolor::Wrap(out);
-  Check("ProcessOps(" + std::string(Name(op)) + ")", plugin_->ProcessOps(op, in, &result));
+  const int code = plugin_->ProcessOps(op, in, &result);
+  TellProblems();
+  Check("ProcessOps(" + std::string(Name(op)) + ")", code);
+  for (const auto& payload : out->payloads) {
+    if (HoldsNoNumber(payload))
+      Tell("block " + payload.hw_block + " holds a number that is not finite");
+  }
 }
 
 }  // namespace zelctl

@@ -4,7 +4,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "devkit/zelctl/run_time_libraries.h"
 #include "interface/vc_post_blend_interface.h"
 #include "modes/mode_op_params.h"
 
@@ -13,7 +15,11 @@ namespace zelctl {
 struct SessionOptions {
   std::string plugin;
   std::string panel;             // handed to Init
-  std::optional<int> log_level;  // unset: the environment's
+  std::optional<int> log_level;  // unset: the environment's, or else errors only
+  LibraryFiles libraries;
+
+  // What the host does not get whole goes here, and to standard error at once.
+  std::vector<std::string>* problems = nullptr;
 };
 
 // Failed calls throw CallError, a file that can't be used UsageError.
@@ -58,7 +64,12 @@ class HostSession {
   }
   void SetPayload(velaricolor::VcProperty property, const velaricolor::VcPayload& payload);
   void GetPayload(velaricolor::VcProperty property, velaricolor::VcPayload* payload);
+  void Initialise(const SessionOptions& options);
+  void Tell(const std::string& problem);
+  void TellProblems();
 
+  std::vector<std::string>* problems_;
+  RunTimeLibraries libraries_;
   std::unique_ptr<void, LibraryCloser> library_;
   std::unique_ptr<velaricolor::VcPostBlendInterface> plugin_;  // before its library goes
 };

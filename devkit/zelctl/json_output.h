@@ -13,7 +13,8 @@ using Json = nlohmann::ordered_json;
 
 Json ModeJson(const velaricolor::ColorModeList& list, size_t index);
 
-// Indented; text that is not UTF-8 is shown with replacement characters.
-void PrintJson(const Json& value, std::ostream& out);
+// Indented; text that is not UTF-8 is shown with replacement characters, numbers that
+// are not finite as "nan", "inf" and "-inf".
+void PrintJson(Json value, std::ostream& out);
 
 }  // namespace zelctl

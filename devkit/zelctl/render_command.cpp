@@ -67,12 +67,13 @@ void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
   if (globals.json) {
     PrintJson({{"mode", ModeJson(list, mode)},
                {"rounds", PccRoundsJson(pcc)},
-               {"blocks", BlocksJson(output)}},
+               {"blocks", BlocksJson(output, globals.tables)},
+               {"problems", globals.problems}},
               std::cout);
     return;
   }
   std::cout << "Mode " << ModeTitle(list, mode) << "\n\n";
-  ReportBlocks(output, false, std::cout);
+  ReportBlocks(globals, output);
   std::cout << '\n';
   PrintPccRounds(pcc, std::cout);
 }

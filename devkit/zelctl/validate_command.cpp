@@ -1,27 +1,14 @@
-#include <cstdlib>
 #include <filesystem>
 #include <iostream>
 
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/input.h"
+#include "devkit/zelctl/run_time_libraries.h"
 #include "devkit/zelctl/validate/algo_rules.h"
 #include "devkit/zelctl/validate/parser_rules.h"
 
 namespace zelctl {
 namespace {
-
-// Where the loader finds a library that the plug-in opens by name: in the
-// environment's folders, beside the plug-in, in its usual places.
-std::string FindByName(const std::string& name, const std::string& plugin) {
-  const char* environment = std::getenv("LD_LIBRARY_PATH");
-  auto folders = Split(environment == nullptr ? "" : environment, ":;");
-  folders.push_back(std::filesystem::path(plugin).parent_path());
-  for (const std::filesystem::path folder : folders) {
-    std::error_code ignored;
-    if (exists(folder / name, ignored)) return absolute(folder / name);
-  }
-  return name;
-}
 
 template <typename Subject>
 void Validate(const GlobalOptions& globals, const std::optional<std::string>& path,
@@ -36,7 +23,8 @@ void Validate(const GlobalOptions& globals, const std::optional<std::string>& pa
 }  // namespace
 
 void RunValidate(const GlobalOptions& globals, const ValidateArguments& arguments) {
-  const auto& [parser, algo, arg, timeout] = arguments;
+  const auto& [arg, timeout] = arguments;
+  const auto& [parser, algo] = globals.session.libraries;
   if (parser) RequireReadable(*parser, "parser");
   if (algo) RequireReadable(*algo, "algorithm library");
   if (!arg) RequireReadable(globals.session.panel, "panel");

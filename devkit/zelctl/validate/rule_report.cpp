@@ -5,6 +5,8 @@
 #include <sstream>
 #include <stdexcept>
 
+#include "devkit/zelctl/errors.h"
+
 namespace zelctl {
 namespace {
 
@@ -18,13 +20,6 @@ constexpr std::array<size_t, 3> kWidths = {9, 22, 7};
 
 std::string Padded(std::string text, size_t width) {
   text.resize(std::max(width, text.size()), ' ');
-  return text;
-}
-
-// Labels and names are the library's; whatever they hold, a line stays a line.
-std::string OneLine(std::string text) {
-  std::replace_if(
-      text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, '?');
   return text;
 }
 
@@ -96,8 +91,7 @@ void RuleReport::Finish() {
   if (!out_->flush()) throw std::runtime_error("can't write to standard output");
   const size_t failed = counts_[static_cast<size_t>(Verdict::kFailed)];
   if (failed > 0) {
-    throw std::runtime_error(std::to_string(failed) + (failed == 1 ? " rule" : " rules") +
-                             " failed");
+    throw ReportedError(std::to_string(failed) + (failed == 1 ? " rule" : " rules") + " failed");
   }
 }
 

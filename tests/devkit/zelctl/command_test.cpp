@@ -25,7 +25,7 @@ TEST(Command, PrintsWhatTheReadmeShows) {
     const std::string arguments = line.substr(prompt.size());
     std::string shown;
     while (std::getline(readme, line) && !line.empty() && line != "```") shown += line + '\n';
-    const std::string out = RunZelctl(arguments + " --log-level 0").out;
+    const std::string out = RunZelctl(arguments).out;
     const bool end_only = shown.starts_with("...\n");
     EXPECT_TRUE(end_only ? out.ends_with(shown.substr(4)) : out == shown) << arguments << '\n'
                                                                           << out;
@@ -49,15 +49,21 @@ TEST(Command, PrintsJson) {
       {"render native", "/mode/label", "\"native\""},
       {"render vivid", "/blocks/4/i_params", "[0, 12, 0, 6]"},
       {"render vivid", "/blocks/4/sub_params/2/triple0", "[190, 210, 240]"},
+      {"render vivid", "/blocks/1/c0", R"({"entries": 257, "first": 0, "last": 4095})"},
+      {"render vivid", "/blocks/0/lut_data", R"({"bytes": 117928})"},
+      {"render vivid", "/blocks/4/tail_table", R"({"bytes": 9224})"},
+      {"render vivid", "/blocks/5/hash", "\"f391c845\""},
+      {"render vivid", "/problems", "[]"},
       {"render vivid", "/blocks/8/blob", "\"47414d45007669766964\""},
-      {"render srgb --igc-entries 33 --igc-bits 8", "/blocks/1/c0/32", "255"},
-      {"render srgb --gc-entries 65 --gc-bits 9", "/blocks/2/c2/64", "511"},
+      {"render srgb --tables --igc-entries 33 --igc-bits 8", "/blocks/1/c0/32", "255"},
+      {"render srgb --tables --gc-entries 65 --gc-bits 9", "/blocks/2/c2/64", "511"},
       {"render native --repeat 3", "/rounds/2/label", "\"native #3\""},
       {"render native --steps --ltm " + off, "/rounds/1/label", "\"+ LTM\""},
       {"render native --steps --ltm " + off, "/rounds/1/pcc/rows/r/1", "1.0"},
   };
   for (const auto& test : cases) {
-    const ZelctlRun run = RunZelctl("--json --log-level 0 " + test.arguments);
+    const ZelctlRun run = RunZelctl("--json " + test.arguments);
+    EXPECT_EQ(run.err, "");
     ASSERT_EQ(run.status, 0) << run.err;
     EXPECT_EQ(json::parse(run.out).at(json::json_pointer(test.pointer)), json::parse(test.value))
         << test.arguments;
@@ -116,7 +122,7 @@ TEST(Command, SettingsReachThePccBlock) {
        {{{1148, -1, -1.5, -2}, {127.5, 0, -0.5}, {127.5, 0, 0, -0.5}}}},
   };
   for (const auto& test : cases) {  // on the native mode's own block, the identity
-    const ZelctlRun run = RunZelctl("render native --json --log-level 0 " + test.settings);
+    const ZelctlRun run = RunZelctl("render native --json " + test.settings);
     ASSERT_EQ(run.status, 0) << run.err;
     const auto rows = json::parse(run.out)["rounds"].back()["pcc"]["rows"];
     for (size_t i = 0; i < 12; ++i) {

@@ -1,0 +1,114 @@
+// Somebody's own libraries: the ones that --parser and --algo name, and answers of theirs
+// that a host does not get whole.
+#include <gtest/gtest.h>
+
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+#include "tests/devkit/zelctl/run_zelctl.h"
+
+namespace {
+
+using nlohmann::json;
+
+// With both libraries of bad_libraries.cpp. Of what is said, zelctl's own lines.
+ZelctlRun RunOwn(const std::string& arguments, const std::string& fault) {
+  ZelctlRun run = RunZelctl(
+      "--parser " BAD_LIBRARIES " --algo " BAD_LIBRARIES " --panel /dev/null " + arguments,
+      "FAULT='" + fault + "'");
+  std::istringstream said(run.err);
+  run.err.clear();
+  for (std::string line; std::getline(said, line);) {
+    if (line.starts_with("zelctl: ")) run.err += line.substr(8) + '\n';
+  }
+  return run;
+}
+
+TEST(OwnLibraries, AreUsedUnderWhateverName) {
+  const ZelctlRun run = RunOwn("modes", "");
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_TRUE(
+      run.out.ends_with("   0  one        1      1       0\n   1  two        2      1       0\n"))
+      << run.out;
+  // The fault is the algorithm library's alone: its merge is what counts.
+  const auto rows = [](const std::string& fault) {
+    const ZelctlRun merged =
+        RunOwn("render 0 --json --color-transform grayscale --ltm " +
+                   WriteFile("twice.json", R"({"r": [0, 2, 0, 0], "g": [0, 0, 3, 0],
+                                                                "b": [0, 0, 0, 4]})"),
+               fault);
+    return json::parse(merged.out)["rounds"][0]["pcc"]["rows"]["g"];
+  };
+  EXPECT_NE(rows(""), rows("wrong order"));
+}
+
+TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
+  const std::string render = "the render intent of mode 1:1:0";
+  const struct {
+    const char* arguments;
+    const char* fault;
+    std::string problem;
+  } cases[] = {
+      {"render 0", "", ""},
+      {"render 0", "render fails", "the mode parser answered -5 (EIO) to " + render},
+      {"render 0", "unknown name",
+       "block Odd? of " + render +
+           " did not arrive: there is no block of this name; nor did the 2 after it"},
+      {"render 0", "no record",
+       "block PostBlendDE of " + render + " did not arrive: it has no record"},
+      {"render 0", "short list",
+       "block PostBlendIGC of " + render +
+           " did not arrive: a list has 256 entries instead of 257; nor did the 3 after it"},
+      {"render 0 --igc-entries 300", "forgets sizes",
+       "block PostBlendIGC of " + render +
+           " did not arrive: a list has 257 entries instead of 300; nor did the 3 after it"},
+      {"render 0", "not a number", "block PostBlendPCC holds a number that is not finite"},
+      {"dither", "unknown dither",
+       "block Dither of the dither configuration did not arrive: there is no block of this name"},
+      {"assets 0", "assets fail",
+       "the mode parser answered -5 (EIO) to the software assets of mode 1:1:0"},
+  };
+  for (const auto& test : cases) {
+    SCOPED_TRACE(test.fault);
+    const ZelctlRun run = RunOwn(test.arguments, test.fault);
+    EXPECT_EQ(run.err.substr(0, run.err.find('\n')), test.problem);
+    if (test.arguments[0] == 'r') EXPECT_EQ(run.status, 0) << "the plug-in answers 0";
+    const ZelctlRun strict = RunOwn(test.arguments + std::string(" --strict --json"), test.fault);
+    if (test.problem.empty()) continue;
+    EXPECT_EQ(strict.status, 1);
+    const json report = json::parse(strict.out, nullptr, false);
+    ASSERT_TRUE(report.is_object()) << strict.out;
+    if (report.contains("problems")) EXPECT_EQ(report["problems"], json::array({test.problem}));
+  }
+  const ZelctlRun nan = RunOwn("render 0 --json", "not a number");
+  EXPECT_EQ(json::parse(nan.out)["rounds"][0]["pcc"]["rows"]["b"][10], "nan");
+}
+
+TEST(OwnLibraries, SayInTheLoadersWordsWhyTheyCantBeUsed) {
+  const struct {
+    std::string arguments;
+    std::string line;
+  } cases[] = {
+      {"--parser " UNDEFINED_SYMBOL_LIBRARY " modes",
+       "can't use mode parser " UNDEFINED_SYMBOL_LIBRARY ": undefined symbol: NobodyDefinesThis"},
+      {"--algo " UNDEFINED_SYMBOL_LIBRARY " modes",
+       "can't use algorithm library " UNDEFINED_SYMBOL_LIBRARY
+       ": undefined symbol: NobodyDefinesThis"},
+      {"--parser " ZELTARN_LIBRARY " modes",
+       "can't use mode parser " ZELTARN_LIBRARY ": it exports no GetTarnZelInterface"},
+      {"--parser /nowhere modes", "can't read parser /nowhere: No such file or directory"},
+      {"--panel /dev/null modes --parser " BAD_LIBRARIES,
+       "can't use mode parser " BAD_LIBRARIES ": Init(\"/dev/null\") answered -5 (EIO)"},
+  };
+  for (const auto& test : cases) {
+    const ZelctlRun run = RunZelctl(test.arguments + " --json", "FAULT='Init fails'");
+    EXPECT_NE(run.err.find("zelctl: " + test.line + '\n'), std::string::npos) << run.err;
+    const json error = json::parse(run.out)["error"];
+    EXPECT_EQ(error["message"], test.line);
+    EXPECT_EQ(error["status"], run.status);
+    EXPECT_EQ(run.status, test.line.find("can't read") == 0 ? 2 : 1);
+  }
+}
+
+}  // namespace
