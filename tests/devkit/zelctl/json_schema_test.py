@@ -1,0 +1,157 @@
+"""What zelctl prints with --json, against the schemas of its page.
+
+From the environment: ZELCTL (words of a command), PAGE, PANELS, FAKE_PLUGIN, BAD_LIBRARIES.
+"""
+
+import copy
+import glob
+import json
+import os
+import re
+import subprocess
+import unittest
+
+import jsonschema
+
+BAD = os.environ["BAD_LIBRARIES"]
+OWN = f"--parser {BAD} --algo {BAD} --panel /dev/null"
+FAKE = f"--plugin {os.environ['FAKE_PLUGIN']} --panel /dev/null"
+PANELS = sorted(glob.glob(os.environ["PANELS"] + "/*.json"))
+
+# Heading, arguments, fault of the library.
+RUNS = [
+    *[("Modes", f"modes --panel {panel}", "") for panel in PANELS],
+    *[("Validate", f"validate --panel {panel}", "") for panel in PANELS],
+    *[("Blocks", f"dither --panel {panel}", "") for panel in PANELS],
+    *[("Render", f"render {mode} --tables --igc-entries 33", "") for mode in range(7)],
+    *[("Blocks", f"assets {mode} --tables", "") for mode in range(7)],
+    ("Capabilities", "caps", ""),
+    ("Render", "render vivid --steps --dimming 0.5 --from native --gc-entries 2", ""),
+    ("Render", f"{FAKE} render 0", ""),
+    ("Render", f"{OWN} render 0", "not a number"),
+    ("Render", f"{OWN} render 0 --strict", "render fails"),
+    ("Validate", f"validate --parser {BAD}", "crashes"),
+    ("Validate", f"validate --parser {BAD}", "label twice"),
+    ("Error", f"{OWN} modes", "Init fails"),
+    ("Error", "render nothing", ""),
+    ("Error", "plot 0 -o a.svg", ""),
+    ("Error", "mode", ""),
+    ("Error", "--jsno", ""),
+]
+
+
+def schemas():
+    with open(os.environ["PAGE"], encoding="utf-8") as page:
+        text = page.read()
+    sections = re.split(r"^## (\w+)$", text, flags=re.M)[1:]
+    read = {heading: json.loads(body.split("```")[1].removeprefix("json"))
+            for heading, body in zip(sections[::2], sections[1::2])}
+    parts = read.pop("Parts")
+    return {heading: {**schema, **parts} for heading, schema in read.items()}
+
+
+def closed(schema):
+    """The same schema, but for objects that hold keys it doesn't name."""
+    if isinstance(schema, list):
+        return [closed(part) for part in schema]
+    if not isinstance(schema, dict):
+        return schema
+    result = {key: closed(value) for key, value in schema.items()}
+    if schema.get("type") == "object":
+        result["additionalProperties"] = False
+    return result
+
+
+def validator(schema):
+    jsonschema.Draft202012Validator.check_schema(schema)
+    return jsonschema.Draft202012Validator(closed(schema))
+
+
+def keys_lost(document):
+    """Copies of a document, each without one key."""
+    def places(value, way):
+        inner = value.items() if isinstance(value, dict) else enumerate(
+            value) if isinstance(value, list) else ()
+        for key, part in inner:
+            if isinstance(value, dict):
+                yield way, key
+            yield from places(part, [*way, key])
+    for way, key in places(document, []):
+        lost = copy.deepcopy(document)
+        holder = lost
+        for step in way:
+            holder = holder[step]
+        del holder[key]
+        yield way, key, lost
+
+
+def alternatives(schema, way="$"):
+    """Every branch and enumerated value."""
+    if isinstance(schema, list):
+        for i, part in enumerate(schema):
+            yield from alternatives(part, f"{way}[{i}]")
+    if isinstance(schema, dict):
+        for i, part in enumerate(schema.get("anyOf", [])):
+            yield f"{way}.anyOf[{i}]", part
+        for i, value in enumerate(schema.get("enum", [])):
+            yield f"{way}.enum[{i}]", {"const": value}
+        for key, part in schema.items():
+            yield from alternatives(part, f"{way}.{key}")
+
+
+def values(document):
+    yield document
+    inner = document.values() if isinstance(document, dict) else (
+        document if isinstance(document, list) else [])
+    for part in inner:
+        yield from values(part)
+
+
+def run(arguments, fault):
+    return subprocess.run(
+        [*os.environ["ZELCTL"].split(), "--json", *arguments.split()], capture_output=True,
+        text=True, env={**os.environ, "FAULT": fault}, check=False)
+
+
+class Documents(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        cls.schemas = schemas()
+        cls.printed = [(*case, run(case[1], case[2])) for case in RUNS]
+
+    def test_AreWhatThePageSays(self):
+        for heading, arguments, fault, ended in self.printed:
+            with self.subTest(arguments=arguments, fault=fault):
+                document = json.loads(ended.stdout)
+                check = validator(self.schemas[heading])
+                check.validate(document)
+                if heading == "Error":
+                    self.assertEqual(document["error"]["status"], ended.returncode)
+                    self.assertIn(document["error"]["message"], ended.stderr)
+                if heading == "Validate":
+                    self.assertEqual(document["counts"]["failed"] > 0, ended.returncode == 1)
+
+    def test_HoldAllThatThePageRequires(self):
+        for heading in self.schemas:
+            check = validator(self.schemas[heading])
+            shortest = min((ended.stdout for h, _, _, ended in self.printed if h == heading), key=len)
+            for way, key, lost in keys_lost(json.loads(shortest)):
+                self.assertFalse(check.is_valid(lost), (way, key))
+
+    def test_AreAllThatThePageShows(self):
+        """No branch of a schema that nothing printed is an example of."""
+        self.assertEqual(set(self.schemas), {heading for heading, _, _ in RUNS})
+        seen = [value for *_, ended in self.printed for value in values(json.loads(ended.stdout))]
+        some = {json.dumps(value) for value in seen if len(json.dumps(value)) < 4000}
+        seen = [json.loads(text) for text in some]
+        parts = self.schemas["Modes"]["$defs"]
+        for schema in self.schemas.values():
+            for way, branch in alternatives(schema):
+                if branch in ({"const": "inf"}, {"const": "-inf"}):
+                    continue  # as "nan"
+                check = validator({**branch, "$defs": parts})
+                self.assertTrue(any(check.is_valid(value) for value in seen), way)
+
+
+if __name__ == "__main__":
+    unittest.main()
