@@ -16,7 +16,7 @@ packages=(
   gnuplot-nox libpng-dev                      # zelctl's pictures
   libbenchmark-dev                            # bench
   python3-numpy python3-pil                   # the judge of colours in tests
-  python3-jsonschema                          # the JSON of zelctl in tests
+  python3-jsonschema                          # the schema of what zelctl prints
   pkgconf python3                             # tests of what is installed
 )
 if [ "${1:-}" = verify ]; then

@@ -14,8 +14,8 @@ inline constexpr const char* kExamples =
     "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
-    "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed; 2 for a wrong\n"
-    "mode, file or number.";
+    "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed, or with --strict\n"
+    "when the host would not get an answer whole; 2 for a wrong mode, file or number.";
 
 inline constexpr const char* kRenderHelp =
     "The second table shows the PCC block after each call: per output channel its offset (in\n"
@@ -38,7 +38,7 @@ inline constexpr const char* kPlotHelp =
 inline constexpr const char* kValidateHelp =
     "Opens the libraries itself, without the plug-in, and calls them as it would. With neither\n"
     "--parser nor --algo both, as --plugin finds them by name: in LD_LIBRARY_PATH, beside it, or\n"
-    "where the system keeps libraries. A library that crashes takes zelctl with it, while it was\n"
-    "checked for the rule behind the last line (--json prints nothing then).";
+    "where the system keeps libraries. A library runs in a process of its own: one that crashes,\n"
+    "ends the process or does not answer fails a rule, and the rules after it run all the same.";
 
 }  // namespace zelctl

@@ -18,25 +18,28 @@ OWN = f"--parser {BAD} --algo {BAD} --panel /dev/null"
 FAKE = f"--plugin {os.environ['FAKE_PLUGIN']} --panel /dev/null"
 PANELS = sorted(glob.glob(os.environ["PANELS"] + "/*.json"))
 
-# Heading, arguments, fault of the library.
+# Heading, exit status, arguments, fault of the library.
 RUNS = [
-    *[("Modes", f"modes --panel {panel}", "") for panel in PANELS],
-    *[("Validate", f"validate --panel {panel}", "") for panel in PANELS],
-    *[("Blocks", f"dither --panel {panel}", "") for panel in PANELS],
-    *[("Render", f"render {mode} --tables --igc-entries 33", "") for mode in range(7)],
-    *[("Blocks", f"assets {mode} --tables", "") for mode in range(7)],
-    ("Capabilities", "caps", ""),
-    ("Render", "render vivid --steps --dimming 0.5 --from native --gc-entries 2", ""),
-    ("Render", f"{FAKE} render 0", ""),
-    ("Render", f"{OWN} render 0", "not a number"),
-    ("Render", f"{OWN} render 0 --strict", "render fails"),
-    ("Validate", f"validate --parser {BAD}", "crashes"),
-    ("Validate", f"validate --parser {BAD}", "label twice"),
-    ("Error", f"{OWN} modes", "Init fails"),
-    ("Error", "render nothing", ""),
-    ("Error", "plot 0 -o a.svg", ""),
-    ("Error", "mode", ""),
-    ("Error", "--jsno", ""),
+    *[("Modes", 0, f"modes --panel {panel}", "") for panel in PANELS],
+    *[("Validate", 0, f"validate --panel {panel}", "") for panel in PANELS],
+    *[("Blocks", 0, f"dither --panel {panel}", "") for panel in PANELS],
+    *[("Render", 0, f"render {mode} --tables --igc-entries 33", "") for mode in range(7)],
+    *[("Blocks", 0, f"assets {mode} --tables", "") for mode in range(7)],
+    ("Capabilities", 0, "caps", ""),
+    ("Render", 0, "render vivid --steps --dimming 0.5 --from native --gc-entries 2", ""),
+    ("Render", 0, f"{FAKE} render 0", ""),
+    ("Render", 0, f"{OWN} render 0", "not a number"),
+    ("Render", 1, f"{OWN} render 0 --strict", "render fails"),
+    ("Render", 1, f"{OWN} render 0 --strict", "unknown name"),
+    ("Validate", 1, f"validate --parser {BAD}", "crashes"),
+    ("Validate", 0, f"validate --parser {BAD}", "label twice"),
+    ("Error", 1, f"{OWN} modes", "Init fails"),
+    ("Error", 1, f"{OWN} assets 0", "assets fail"),
+    ("Error", 2, "--panel /nowhere modes", ""),
+    ("Error", 2, "render nothing", ""),
+    ("Error", 2, "plot 0 -o a.svg", ""),
+    ("Error", 2, "no-such-command", ""),
+    ("Error", 2, "--no-such-option", ""),
 ]
 
 
@@ -107,43 +110,51 @@ def values(document):
         yield from values(part)
 
 
+def refuse(name):
+    raise ValueError(f"{name} is no JSON")
+
+
+def read(text):
+    return json.loads(text, parse_constant=refuse)
+
+
 def run(arguments, fault):
     return subprocess.run(
         [*os.environ["ZELCTL"].split(), "--json", *arguments.split()], capture_output=True,
-        text=True, env={**os.environ, "FAULT": fault}, check=False)
+        text=True, check=False, env={**os.environ, "FAULT": fault,
+                                     "ASAN_OPTIONS": "handle_segv=0:handle_abort=0"})
 
 
 class Documents(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         cls.schemas = schemas()
-        cls.printed = [(*case, run(case[1], case[2])) for case in RUNS]
+        cls.printed = [(*case, run(*case[2:])) for case in RUNS]
 
     def test_AreWhatThePageSays(self):
-        for heading, arguments, fault, ended in self.printed:
+        for heading, status, arguments, fault, ended in self.printed:
             with self.subTest(arguments=arguments, fault=fault):
-                document = json.loads(ended.stdout)
-                check = validator(self.schemas[heading])
-                check.validate(document)
+                document = read(ended.stdout)
+                validator(self.schemas[heading]).validate(document)
+                self.assertEqual(ended.returncode, status)
                 if heading == "Error":
-                    self.assertEqual(document["error"]["status"], ended.returncode)
-                    self.assertIn(document["error"]["message"], ended.stderr)
+                    self.assertEqual(document["error"]["status"], status)
+                    self.assertIn(f"zelctl: {document['error']['message']}\n", ended.stderr)
                 if heading == "Validate":
-                    self.assertEqual(document["counts"]["failed"] > 0, ended.returncode == 1)
+                    self.assertEqual(document["counts"]["failed"] > 0, status == 1)
 
     def test_HoldAllThatThePageRequires(self):
-        for heading in self.schemas:
-            check = validator(self.schemas[heading])
-            shortest = min((ended.stdout for h, _, _, ended in self.printed if h == heading), key=len)
-            for way, key, lost in keys_lost(json.loads(shortest)):
+        for heading, schema in self.schemas.items():
+            check = validator(schema)
+            shortest = min((ended.stdout for h, *_, ended in self.printed if h == heading), key=len)
+            for way, key, lost in keys_lost(read(shortest)):
                 self.assertFalse(check.is_valid(lost), (way, key))
 
     def test_AreAllThatThePageShows(self):
         """No branch of a schema that nothing printed is an example of."""
-        self.assertEqual(set(self.schemas), {heading for heading, _, _ in RUNS})
-        seen = [value for *_, ended in self.printed for value in values(json.loads(ended.stdout))]
-        some = {json.dumps(value) for value in seen if len(json.dumps(value)) < 4000}
-        seen = [json.loads(text) for text in some]
+        self.assertEqual(set(self.schemas), {heading for heading, *_ in RUNS})
+        texts = {json.dumps(value) for *_, ended in self.printed for value in values(read(ended.stdout))}
+        seen = [read(text) for text in texts if len(text) < 4000]
         parts = self.schemas["Modes"]["$defs"]
         for schema in self.schemas.values():
             for way, branch in alternatives(schema):
