@@ -3,6 +3,7 @@
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -26,13 +27,16 @@ constexpr size_t kMostPrinted = 4096;             // of one rule
 constexpr size_t kHeader = 2 + sizeof(uint32_t);  // kind, verdict, bytes that follow
 constexpr int kCutOff = 125;                      // the child's status where it can't report
 
-void MakePipe(int* read_end, int* write_end) {
+// Both ends of a connection: to read from here, and to write to there; or both, both ways.
+void Connect(bool both_ways, int* here, int* there) {
   std::array<int, 2> ends = {};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+  const int result = both_ways ? socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data())
+                               : pipe2(ends.data(), O_CLOEXEC);
+  if (result != 0) {
     throw std::runtime_error("can't make a pipe: " + std::string(std::strerror(errno)));
   }
-  *read_end = ends[0];
-  *write_end = ends[1];
+  *here = ends[0];
+  *there = ends[1];
 }
 
 // A group of its own, that goes when zelctl goes; nothing to read, and nothing that it
@@ -60,6 +64,8 @@ bool Drain(int fd, std::string* text) {
 void RuleChannel::Found(const Finding& finding) {
   std::fflush(nullptr);  // what the library printed belongs to this rule
   Send(static_cast<char>('0' + static_cast<int>(finding.verdict)), finding.seen);
+  char go_on = 0;
+  while (read(fd_, &go_on, 1) < 0 && errno == EINTR) continue;
 }
 
 void RuleChannel::Send(char kind, const std::string& text) {
@@ -76,8 +82,8 @@ void RuleChannel::Send(char kind, const std::string& text) {
 RuleProcess::RuleProcess(const std::function<void(RuleChannel*)>& rules) {
   int frames = -1;
   int printed = -1;
-  MakePipe(&frames_, &frames);
-  MakePipe(&printed_, &printed);
+  Connect(true, &frames_, &frames);
+  Connect(false, &printed_, &printed);
   std::cout.flush();
   std::cerr.flush();
   const pid_t parent = getpid();
@@ -121,6 +127,7 @@ RuleProcess::Outcome RuleProcess::Await(std::chrono::seconds limit) {
     break;
   }
   while (ReadPrinted(&outcome)) continue;  // it was printed before the finding
+  if (!outcome.ended) send(frames_, "", 1, MSG_NOSIGNAL);
   return outcome;
 }
 

@@ -21,6 +21,7 @@ class RuleChannel {
 
   // What the library is about to be asked, as "calling Init".
   void Doing(const std::string& what) { Send('D', what); }
+  // Waits until the finding has arrived, so that what is printed later is the next rule's.
   void Found(const Finding& finding);
 
  private:
@@ -56,7 +57,7 @@ class RuleProcess {
   std::string While() const { return doing_.empty() ? "" : " while " + doing_; }
 
   pid_t child_ = -1;
-  int frames_ = -1;   // from RuleChannel
+  int frames_ = -1;   // from RuleChannel, and a byte back for each finding
   int printed_ = -1;  // from the child's standard streams
   std::string received_;
   std::string doing_;
