@@ -83,7 +83,7 @@ void AddRenderOptions(CLI::App& command, RenderOptions* options) {
   AddParsedOption(command, "--color-transform", &options->color_transform, "TRANSFORM",
                   ParseColorTransform, kColorTransformHelp);
   AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp);
-  AddParsedOption(command, "--dimming", &options->dimming, "F", ParseNumber,
+  AddParsedOption(command, "--dimming", &options->dimming, "F", ParseDimming,
                   "Factor on the whole PCC block");
   for (TableSize* size : {&options->igc, &options->gc, &options->gamut}) {
     AddTableSize(command, size);

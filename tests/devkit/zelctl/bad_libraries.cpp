@@ -1,5 +1,6 @@
 // A mode parser and an algorithm library in one, for the tests of zelctl validate:
 // without a fault, but for the one that the environment variable FAULT names.
+#include <dlfcn.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -74,6 +75,7 @@ class BadLibrary : public Interface {
       std::cerr << "no licence for x" << std::endl;
       return -1;
     }
+    if (Has("needs a neighbour") && dlopen("libneighbour.so", RTLD_NOW) == nullptr) return -2;
     if (Has("Init throws")) throw std::runtime_error("no panel");
     const bool again = std::getenv("STARTED") != nullptr;
     setenv("STARTED", "1", 1);

@@ -43,6 +43,15 @@ TEST(OwnLibraries, AreUsedUnderWhateverName) {
   EXPECT_NE(rows(""), rows("wrong order"));
 }
 
+// The loader looks where the library says, not where zelctl does.
+TEST(OwnLibraries, FindTheirNeighbours) {
+  const std::string own = WriteFile("own.so", ReadFile(BAD_LIBRARIES));
+  const std::string modes = "modes --panel /dev/null --parser " + own;
+  EXPECT_EQ(RunZelctl(modes, "FAULT='needs a neighbour'").status, 1);
+  WriteFile("libneighbour.so", ReadFile(FAKE_PLUGIN));
+  EXPECT_EQ(RunZelctl(modes, "FAULT='needs a neighbour'").status, 0);
+}
+
 TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
   const std::string render = "the render intent of mode 1:1:0";
   const struct {
