@@ -163,20 +163,21 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
       {"parser", "crashes", "initialises", "killed by signal 11 (SIGSEGV) while calling Init"},
       {"parser", "aborts in a render intent", "render intents",
        "killed by signal 6 (SIGABRT) while asking for render intent of one (1:1:0)"},
-      {"parser", "hangs", "initialises", "no answer in 1 s while calling Init"},
+      {"parser", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
       {"parser", "hangs in software assets", "software assets",
-       "no answer in 1 s while asking for software assets of one (1:1:0)"},
+       "no answer in " TIMEOUT " s while asking for software assets of one (1:1:0)"},
       {"parser", "exits", "initialises", "ended the process with status 0 while calling Init"},
       {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
       {"parser", "is killed", "software assets",
        "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
       {"parser", "closes files", "initialises", "closed files of zelctl's while calling Init"},
-      {"algo", "hangs", "initialises", "no answer in 1 s while calling Init"},
+      {"algo", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
   };
   for (const auto& test : cases) {
     SCOPED_TRACE(test.fault);
     const ZelctlRun run = RunZelctl(
-        "validate --json --timeout 1 --" + std::string(test.library) + " " BAD_LIBRARIES " --arg x",
+        "validate --json --timeout " TIMEOUT " --" + std::string(test.library) +
+            " " BAD_LIBRARIES " --arg x",
         "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + std::string(test.fault) + "'");
     EXPECT_EQ(run.status, 1);
     const json report = json::parse(run.out, nullptr, false);
@@ -197,7 +198,7 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
 // The limit is for a call, not for all that a rule asks.
 TEST(Validate, WaitsForASlowLibrary) {
   const ZelctlRun run =
-      RunZelctl("validate --timeout 1 --parser " BAD_LIBRARIES " --arg x", "FAULT=slow");
+      RunZelctl("validate --timeout " TIMEOUT " --parser " BAD_LIBRARIES " --arg x", "FAULT=slow");
   EXPECT_EQ(run.status, 0) << run.out;
 }
 
@@ -209,9 +210,10 @@ bool Runs(const std::string& pid) {
 
 // When it ended by itself, and when somebody ended it.
 TEST(Validate, LeavesNoProcess) {
-  for (const std::string end : {"", "timeout -s INT 2"}) {
+  const std::string later = std::to_string(std::stoi(TIMEOUT) + 1);
+  for (const auto& end : {std::string(), "timeout -s INT " + later}) {
     const std::string file = WriteFile("pid", "");
-    RunZelctl("validate --timeout " + std::string(end.empty() ? "1" : "60") +
+    RunZelctl("validate --timeout " + std::string(end.empty() ? TIMEOUT : "60") +
                   " --algo " BAD_LIBRARIES " --arg x",
               "FAULT='hangs, having started a process' PID_FILE=" + file + " " + end);
     const std::string pid = ReadFile(file);
