@@ -39,6 +39,7 @@ struct Mode {
 };
 
 struct Panel {
+  std::string name;  // for people
   color::Primaries primaries;
   color::Luminance luminance;
   color::TransferFunction transfer;

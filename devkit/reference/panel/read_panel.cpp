@@ -85,8 +85,8 @@ void CheckUnique(const Mode& mode, const std::vector<Mode>& others, const JsonVa
 Panel ReadRoot(const JsonValue& value) {
   ObjectReader in(value);
   in.Need("format").Integer(1, 1);
-  ReadLine(in.Need("name"), kMaxName);
   Panel panel;
+  panel.name = ReadLine(in.Need("name"), kMaxName);
   ReadCalibration(in.Need("panel"), &panel);
   if (const auto dither = in.Find("dither")) {
     panel.dither.push_back(ReadDither(*dither, panel.bit_depth));
