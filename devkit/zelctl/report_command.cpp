@@ -12,6 +12,7 @@
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/report/mode_report.h"
 #include "devkit/zelctl/report/page.h"
+#include "devkit/zelctl/report/patches_file.h"
 #include "devkit/zelctl/report/report_json.h"
 
 namespace zelctl {
