@@ -4,7 +4,6 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <algorithm>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -213,32 +212,24 @@ void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* na
   command->callback([&globals, run] { run(globals); });
 }
 
-}  // namespace
-
-// The complaint about a word that nothing takes.
+// The words that nothing takes, and what could have stood there.
 std::string NotExpected(const CLI::App& app) {
-  const CLI::App* command = app.get_subcommands().empty() ? &app : app.get_subcommands().front();
-  const std::vector<std::string> words = app.remaining(true);
-  const auto plain = std::find_if(words.begin(), words.end(),
-                                  [](const auto& word) { return !word.starts_with("-"); });
-  const bool mistyped_command = command == &app && plain != words.end();
-  std::vector<std::string> known;
-  if (mistyped_command) {
-    for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
-      known.push_back(one->get_name());
-    }
-    return "no command '" + *plain + "'" + DidYouMean(*plain, known);
+  KnownWords known;
+  for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
+    known.commands.push_back(one->get_name());
   }
-  for (const CLI::App* owner : {&app, command}) {
+  std::vector<const CLI::App*> owners = {&app};
+  for (const auto* command : app.get_subcommands()) owners.push_back(command);
+  known.command_given = owners.size() > 1;
+  for (const CLI::App* owner : owners) {
     for (const auto* option : owner->get_options()) {
-      for (const auto& name : option->get_lnames()) known.push_back("--" + name);
+      for (const auto& name : option->get_lnames()) known.options.push_back("--" + name);
     }
   }
-  const std::string word = words.empty() ? "" : words.front();
-  const bool option = word.starts_with("-");
-  return (option ? "no option '" : "nothing takes '") + word + "'" +
-         (option ? DidYouMean(word.substr(0, word.find('=')), known) : "");
+  return UnknownWord(app.remaining(true), known);
 }
+
+}  // namespace
 
 int RunCommandLine(int argc, char** argv) {
   const Installation installation = FindInstallation();

@@ -18,7 +18,12 @@ class Progress {
   // `share` goes from 0 to 1.
   void Show(double share);
 
+  // What is done where no share is known.
+  void Show(const std::string& step);
+
  private:
+  bool IsWanted() const { return on_terminal_ && Clock::now() >= next_; }
+
   using Clock = std::chrono::steady_clock;
 
   const std::string what_;

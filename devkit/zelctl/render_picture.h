@@ -3,10 +3,11 @@
 
 #include "devkit/zelctl/blocks/block_pipeline.h"
 #include "devkit/zelctl/png_file.h"
+#include "devkit/zelctl/progress.h"
 
 namespace zelctl {
 
 // Replaces the content's codes by those that the panel is driven with. Alpha stays.
-void SendThrough(const BlockPipeline& pipeline, Picture* picture);
+void SendThrough(const BlockPipeline& pipeline, Picture* picture, Progress* progress);
 
 }  // namespace zelctl

@@ -19,7 +19,8 @@ constexpr bool HasGamut(PlotKind kind) {
 }
 
 struct ModePlot {
-  std::string title;
+  std::string title;     // of the mode
+  std::string subtitle;  // panel and settings; below where one line is too short
   BlockPipeline pipeline;
   std::vector<PccRound> pcc;
   std::optional<GamutDiagram> gamut;  // needed where HasGamut

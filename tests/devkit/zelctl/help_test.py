@@ -114,6 +114,7 @@ class Help(unittest.TestCase):
             self.assertEqual(ended.returncode, 0)
             if took > 3:
                 self.assertRegex(shown, r"\rpicture: [0-9]+ %")
+                self.assertIn("picture: writing", shown)
             if shown:
                 self.assertTrue(shown.endswith("\r\x1b[K"), shown[-40:])
 
@@ -121,9 +122,11 @@ class Help(unittest.TestCase):
         cases = [
             ("rendr srgb --dimming 1", "no command 'rendr'; did you mean 'render'?"),
             ("frobnicate", "no command 'frobnicate'"),
+            ("--pannel x", "no option '--pannel'; did you mean '--panel'?"),
             ("render srgb --diming 1", "no option '--diming'; did you mean '--dimming'?"),
             ("modes --panle=x", "no option '--panle=x'; did you mean '--panel'?"),
             ("modes extra", "nothing takes 'extra'"),
+            ("render sRGB", "no mode 'sRGB'; did you mean 'srgb'?; valid modes: "),
             ("render srbg", "no mode 'srbg'; did you mean 'srgb'?; valid modes: "),
         ]
         for arguments, line in cases:
