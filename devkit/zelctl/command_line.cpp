@@ -22,6 +22,19 @@
 namespace zelctl {
 namespace {
 
+// As decimal: the command line's library takes 010 for 8.
+CLI::Validator WholeNumber(uint32_t low, uint32_t high) {
+  const auto check = [low, high](std::string& text) -> std::string {
+    try {
+      text = std::to_string(ParseWholeNumber(text, low, high));
+    } catch (const UsageError& e) {
+      return e.what();
+    }
+    return "";
+  };
+  return {check, ""};
+}
+
 void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_option("--plugin", globals->session.plugin, "The plug-in's library")
       ->take_last()
@@ -33,7 +46,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_option("--log-level", globals->session.log_level,
                  "0 errors, 1 start-up too, 2 everything; default: the\n"
                  "environment's vendor.display.zelloglevel, or else 0")
-      ->check(CLI::Range(0, 2).description(""))
+      ->check(WholeNumber(0, 2))
       ->type_name("LEVEL");
   app.add_option("--parser", globals->session.libraries.parser,
                  "The mode parser; default: as the plug-in finds it by name")
@@ -46,8 +59,9 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_flag("--strict", globals->strict,
                "Fail where the host would not get an answer whole: a failed\n"
                "parser, a block that does not arrive, a number that is none");
-  app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
-  app.add_flag("--tables", globals->tables, "With --json: tables and opaque bytes in full");
+  auto* json = app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
+  app.add_flag("--tables", globals->tables, "With --json: tables and opaque bytes in full")
+      ->needs(json);
   globals->session.problems = &globals->problems;
 }
 
@@ -74,11 +88,12 @@ void AddTableSize(CLI::App& command, TableSize* size) {
   command
       .add_option(option + "-entries", size->entries,
                   "Entries of the table; default " + std::to_string(size->usual.num_of_entries))
-      ->check(CLI::Range(uint32_t{1}, size->max_entries).description(""))
+      ->check(WholeNumber(1, size->max_entries))
       ->type_name("N");
   command
       .add_option(option + "-bits", size->bits,
                   "Bit depth of an entry; default " + std::to_string(size->usual.bit_depth))
+      ->check(WholeNumber(0, UINT32_MAX))
       ->type_name("N");
 }
 
@@ -106,7 +121,7 @@ void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
   auto* repeat = command
                      ->add_option("--repeat", arguments->repeat,
                                   "Pass the same output record N times, as a host does")
-                     ->check(CLI::Range(1U, 1000U).description(""))
+                     ->check(WholeNumber(1, 1000))
                      ->type_name("N");
   command
       ->add_flag("--steps", arguments->steps,
@@ -183,8 +198,8 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("TEXT");
   command
       ->add_option("--timeout", arguments->timeout,
-                   "Seconds that a library may take for a rule; default 10")
-      ->check(CLI::Range(1U, 3600U).description(""))
+                   "Seconds that a library may take for a call; default 10")
+      ->check(WholeNumber(1, 3600))
       ->type_name("SECONDS");
   command->footer(kValidateHelp);
   command->callback([&globals, arguments] { RunValidate(globals, *arguments); });

@@ -50,7 +50,7 @@ struct ReportArguments {
 // Text unset: --panel's.
 struct ValidateArguments {
   std::optional<std::string> arg;
-  uint32_t timeout = 10;  // seconds for each rule
+  uint32_t timeout = 10;  // seconds for each call
 };
 
 void RunModes(const GlobalOptions& globals);

@@ -127,13 +127,13 @@ void HostSession::Initialise(const SessionOptions& options) {
   const int code = plugin_->Init(options.panel);
   const std::string failure = libraries_.ParserFailure();
   if (code != velaricolor::kOk && !failure.empty()) {
-    throw std::runtime_error("can't use mode parser " + failure);
+    throw std::runtime_error(failure);
   }
   Check("Init(\"" + options.panel + "\")", code);
   const std::string why = libraries_.AlgoFailure();
-  if (options.libraries.algo && !why.empty()) {
-    throw std::runtime_error("can't use algorithm library " + why);
-  }
+  if (why.empty() || !libraries_.AlgoIsThere()) return;
+  if (options.libraries.algo) throw std::runtime_error(why);
+  Tell(why);
 }
 
 void HostSession::Tell(const std::string& problem) {

@@ -3,10 +3,12 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
+#include <system_error>
 
 #include "devkit/zelctl/errors.h"
 
@@ -27,6 +29,16 @@ Number Parse(const std::string& text, Number (*convert)(const char*, char**)) {
 double ParseNumber(const std::string& text) { return Parse(text, std::strtod); }
 
 float ParseFloat(const std::string& text) { return Parse(text, std::strtof); }
+
+uint32_t ParseWholeNumber(const std::string& text, uint32_t low, uint32_t high) {
+  uint64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || value < low || value > high) {
+    throw UsageError("'" + text + "' is not a whole number from " + std::to_string(low) + " to " +
+                     std::to_string(high));
+  }
+  return static_cast<uint32_t>(value);
+}
 
 std::vector<std::string> Split(const std::string& text, const char* separators) {
   std::vector<std::string> parts;

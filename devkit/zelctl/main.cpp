@@ -7,6 +7,7 @@
 #include "devkit/zelctl/command_line.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/json_output.h"
+#include "devkit/zelctl/standard_streams.h"
 
 namespace {
 
@@ -23,6 +24,7 @@ int Fail(const std::exception& error, int status, bool json) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  zelctl::OccupyStandardStreams();
   const bool json = std::any_of(
       argv + 1, argv + argc, [](const char* text) { return text == std::string_view("--json"); });
   try {

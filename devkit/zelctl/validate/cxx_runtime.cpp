@@ -19,7 +19,9 @@ std::string ForeignCxxRuntime(const std::string& file) {
   for (const ElfW(Dyn)* entry = map->l_ld; names != nullptr && entry->d_tag != DT_NULL; ++entry) {
     if (entry->d_tag != DT_NEEDED) continue;
     const std::string needed = names + entry->d_un.d_val;
-    if (needed.starts_with("libstdc++.so")) return needed;
+    if (!needed.starts_with("libstdc++.so")) continue;
+    return "linked to another C++ runtime, " + needed +
+           ": records hold strings and vectors of libc++";
   }
   return "";
 }

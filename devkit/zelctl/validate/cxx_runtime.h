@@ -5,8 +5,8 @@
 
 namespace zelctl {
 
-// The name of another C++ runtime than libc++ that the loaded library `file` needs, as
-// it stands in its dynamic section (DT_NEEDED); empty where there is none.
+// Why the loaded library `file` can't be called: the other C++ runtime than libc++ that it
+// needs, as it stands in its dynamic section (DT_NEEDED). Empty where there is none.
 std::string ForeignCxxRuntime(const std::string& file);
 
 }  // namespace zelctl

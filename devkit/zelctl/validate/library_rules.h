@@ -57,8 +57,7 @@ Finding Open(Subject& subject) {
     return {subject.MayBeMissing() ? Verdict::kWarning : Verdict::kFailed, dlerror()};
   }
   if (const std::string other = ForeignCxxRuntime(subject.file); !other.empty()) {
-    return {Verdict::kFailed, "linked to another C++ runtime, " + other +
-                                  ": records hold strings and vectors of libc++"};
+    return {Verdict::kFailed, other};
   }
   subject.stage = Stage::kOpened;
   return {Verdict::kPassed, subject.file};

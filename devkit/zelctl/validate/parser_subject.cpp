@@ -69,6 +69,7 @@ int ParserSubject::Ask(const Question& question, tarn::HwConfigOutputParams* ans
   Doing("asking for " + title);
   const int code =
       question.op ? object->ProcessOps(*question.op, in, &out) : object->GetProperty(&out);
+  Doing("taking its answer to " + title);  // reading, then dropping what it made
   NoteEnvelope(in_before, in, title);
   NoteEnvelope(out_before, out, title);
   left_alone.See(SameRequest(request_before, request), title, "the request was written to");

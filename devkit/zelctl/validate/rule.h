@@ -2,11 +2,11 @@
 #pragma once
 
 #include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <exception>
-
 #include <functional>
 #include <set>
 #include <string>
