@@ -1,17 +1,20 @@
 #include "devkit/zelctl/report/cgats_file.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
-#include <filesystem>
 #include <fstream>
 #include <optional>
-#include <sstream>
 
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
 
 namespace zelctl {
 namespace {
+
+// More than any measurement has; they keep a hostile file from taking time and memory.
+constexpr size_t kMostFields = 4096;
+constexpr size_t kMostSets = 65536;
 
 struct Token {
   std::string text;
@@ -99,6 +102,7 @@ void ReadFields(Reader* reader, CgatsTable* table) {
     if (std::count(table->fields.begin(), table->fields.end(), token.text) != 0) {
       reader->Refuse(token.line, "field " + Shown(token.text) + " stands twice");
     }
+    if (table->fields.size() == kMostFields) reader->Refuse(token.line, "more than 4096 fields");
     table->fields.push_back(token.text);
   }
 }
@@ -109,6 +113,7 @@ void ReadRows(Reader* reader, size_t line, CgatsTable* table) {
   Token token = reader->Need("END_DATA");
   for (; token.quoted || token.text != "END_DATA"; token = reader->Need("END_DATA")) {
     if (row.empty()) table->lines.push_back(token.line);
+    if (table->lines.size() > kMostSets) reader->Refuse(token.line, "more than 65536 sets");
     row.push_back(token.text);
     if (row.size() < table->fields.size()) continue;
     table->rows.push_back(std::move(row));
@@ -165,9 +170,13 @@ CgatsTable ReadCgatsFile(const std::string& path) {
   constexpr size_t kLargest = size_t{16} << 20;
   RequireReadable(path, "measurements");
   std::ifstream file(path, std::ios::binary);
-  std::string text(kLargest + 1, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<size_t>(file.gcount()));
+  std::string text;
+  std::array<char, size_t{1} << 16> chunk;
+  while (text.size() <= kLargest && !file.eof()) {
+    file.read(chunk.data(), chunk.size());
+    if (file.bad() || file.gcount() == 0) break;
+    text.append(chunk.data(), static_cast<size_t>(file.gcount()));
+  }
   if (file.bad()) throw UsageError("can't read measurements " + path);
   if (text.size() > kLargest) throw UsageError(path + ": larger than 16 MiB");
   Reader reader(path, text);

@@ -16,8 +16,8 @@ struct CgatsTable {
   std::vector<size_t> lines;                    // of each row's first text
 };
 
-// Throws UsageError with the file and the line. A file may be 16 MiB long. What
-// follows the first table is not looked at.
+// Throws UsageError with the file and the line. A file may be 16 MiB long, a table
+// have 4096 fields and 65536 sets. What follows the first table is not looked at.
 CgatsTable ReadCgatsFile(const std::string& path);
 
 }  // namespace zelctl

@@ -299,6 +299,8 @@ class Measurements(Folder):
             (good.replace("CTI3\n", 'CTI3\nLUMINANCE_XYZ_CDM2 "0 0 0"\n'), "luminance of white"),
             (good.replace("CTI3\n", "CTI3\nBEGIN_DATA 1 2 END_DATA\n"), "data without"),
             ("CTI3 " + "x" * (17 << 20), "larger than 16 MiB"),
+            ("CTI3 BEGIN_DATA_FORMAT " + " ".join(map(str, range(1 << 20))), "4096 fields"),
+            ("CTI3 BEGIN_DATA_FORMAT a END_DATA_FORMAT BEGIN_DATA" + " 1" * (1 << 22), "65536 sets"),
             ("\x00\x1b[2J" * 99, "the file ends"),
         ]
         for text, reason in cases:
