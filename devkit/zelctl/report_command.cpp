@@ -6,12 +6,13 @@
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
-#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/input.h"
+#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/report/mode_report.h"
 #include "devkit/zelctl/report/page.h"
+#include "devkit/zelctl/report/patches_file.h"
 #include "devkit/zelctl/report/report_json.h"
 
 namespace zelctl {
@@ -67,7 +68,7 @@ void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
   CheckArguments(globals, arguments);
   RequireOwnPanel(globals);
   HostSession session(globals.session);
-  Report report = {.panel_path = globals.session.panel,
+  Report report = {.panel_file = std::filesystem::path(globals.session.panel).filename(),
                    .panel = ReadDescription(globals.session.panel)};
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
   ApplySizesAndNotifications(arguments.options, &session);

@@ -87,6 +87,9 @@ ModeEvaluation Evaluate(const tarn::reference::Panel& panel, const tarn::referen
 // The patches of a set.
 std::vector<const PatchResult*> InSet(const ModeEvaluation& mode, PatchSet set);
 
+// The patch with all channels at full signal.
+const PatchResult& FullWhite(const ModeEvaluation& mode);
+
 // White and primaries, at the reference white's signal, through `pipeline`.
 StepResult EvaluateStep(const std::string& label, const tarn::reference::Panel& panel,
                         const ModeEvaluation& mode, const BlockPipeline& pipeline);

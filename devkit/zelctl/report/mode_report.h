@@ -12,7 +12,7 @@
 namespace zelctl {
 
 struct Report {
-  std::string panel_path;  // as the user gave it
+  std::string panel_file;  // without its folder
   tarn::reference::Panel panel;
   std::vector<ModeEvaluation> modes;
   std::vector<std::string> problems;  // what the host did not get whole

@@ -69,14 +69,14 @@ Json StepsJson(const ModeEvaluation& mode) {
   return steps;
 }
 
-Json ModeJson(const ModeEvaluation& mode) {
+Json ModeJson(const tarn::reference::Panel& panel, const ModeEvaluation& mode) {
   Json tone = Json::array();
   for (const TonePoint& point : mode.tone) tone.push_back({point.code, point.target, point.shown});
   Json json = {{"index", mode.index},
                {"label", mode.label},
                {"ids", mode.ids},
                {"target",
-                {{"text", TargetText(mode.target)},
+                {{"text", TargetText(panel, mode.target)},
                  {"primaries", PrimariesJson(mode.target.primaries)},
                  {"adaptation", mode.target.adaptation},
                  {"reference_white_signal", mode.reference_signal},
@@ -99,7 +99,7 @@ Json MeasuredJson(const MeasuredSummary& measured) {
         {"from_target_equal_white", DifferencesJson(set.from_target_scaled)},
         {"from_prediction_equal_white", DifferencesJson(set.from_prediction_scaled)}};
   }
-  return {{"file", measured.path},
+  return {{"file", measured.file},
           {"found", measured.found},
           {"missing", measured.missing},
           {"absolute", measured.absolute},
@@ -125,13 +125,13 @@ const char* SetKey(PatchSet set) {
 }
 
 Json ReportJson(const Report& report) {
-  Json modes = Json::array();
-  for (const ModeEvaluation& mode : report.modes) modes.push_back(ModeJson(mode));
   const tarn::reference::Panel& panel = report.panel;
+  Json modes = Json::array();
+  for (const ModeEvaluation& mode : report.modes) modes.push_back(ModeJson(panel, mode));
   Json json = {{"format", kReportFormat},
                {"panel",
                 {{"name", panel.name},
-                 {"file", report.panel_path},
+                 {"file", report.panel_file},
                  {"primaries", PrimariesJson(panel.primaries)},
                  {"peak", panel.luminance.peak},
                  {"black", panel.luminance.black},

@@ -76,9 +76,15 @@ std::string TransferSource(const TransferFunction& transfer) {
   }
 }
 
-std::string TargetText(const tarn::reference::Target& target) {
-  return PrimariesText(target.primaries) + ", " + WhiteText(target.primaries.white) + ", " +
-         TransferText(target.transfer) + (target.adaptation ? "" : ", white kept");
+std::string TargetText(const tarn::reference::Panel& panel, const tarn::reference::Target& target) {
+  const Primaries& own = panel.primaries;
+  const bool is_own_white = target.primaries.white == own.white;
+  std::string text = SameTriangle(target.primaries, own)
+                         ? std::string("the panel's primaries")
+                         : "primaries of " + PrimariesText(target.primaries);
+  text += ", " + (is_own_white ? "its white" : WhiteText(target.primaries.white));
+  if (!is_own_white) text += target.adaptation ? " as the panel's" : " kept";
+  return text + ", " + TransferText(target.transfer);
 }
 
 }  // namespace zelctl

@@ -18,6 +18,6 @@ std::string TransferText(const tarn::color::TransferFunction& transfer);
 std::string TransferSource(const tarn::color::TransferFunction& transfer);
 
 // All of it in one line.
-std::string TargetText(const tarn::reference::Target& target);
+std::string TargetText(const tarn::reference::Panel& panel, const tarn::reference::Target& target);
 
 }  // namespace zelctl
