@@ -50,4 +50,8 @@ if(ZELTARN_DEVKIT)
   install(TARGETS zelctl RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONENT devkit)
   install(DIRECTORY devkit/panels
     DESTINATION ${CMAKE_INSTALL_DATADIR}/zeltarn COMPONENT devkit)
+  install(FILES devkit/zelctl/zelctl.1
+    DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT devkit)
+  install(FILES devkit/zelctl/completion/zelctl
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT devkit)
 endif()

@@ -3,9 +3,9 @@
 #include <string>
 #include <vector>
 
+#include "plugin/block_names.h"
 #include "plugin/checks.h"
 #include "plugin/log.h"
-#include "plugin/block_names.h"
 #include "plugin/zel_tarn_impl.h"
 
 namespace velaricolor {

@@ -14,7 +14,7 @@ packages=(
 )
 sysroot=build/arm64-sysroot
 stamp=$sysroot/.complete
-wanted=$(printf '%s\n' "${packages[@]}")
+wanted=$(printf '%s\n' "${packages[@]}" "links within")
 [ "$(cat "$stamp" 2>/dev/null || true)" != "$wanted" ] || exit 0
 
 work=$PWD/build/arm64-packages
@@ -28,5 +28,11 @@ apt=(apt-get -qq
 "${apt[@]}" update
 (cd "$work/debs" && "${apt[@]}" download "${packages[@]}")
 for deb in "$work"/debs/*.deb; do dpkg-deb -x "$deb" "$sysroot"; done
+# Links lead to places on a device; here they must stay within, or the linker takes the
+# static library beside one that leads nowhere.
+find "$sysroot" -type l -lname '/*' | while read -r link; do
+  target=$sysroot$(readlink "$link")
+  ln -sfn "$(realpath -m -s --relative-to="$(dirname "$link")" "$target")" "$link"
+done
 rm -rf "$work"
 printf '%s\n' "$wanted" >"$stamp"

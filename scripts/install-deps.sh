@@ -18,6 +18,7 @@ packages=(
   libbenchmark-dev                            # bench
   python3-numpy python3-pil                   # the judge of colours in tests
   python3-jsonschema                          # the schema of what zelctl prints
+  man-db groff-base                           # the man page
   pkgconf python3                             # tests of what is installed
 )
 if [ "${1:-}" = verify ]; then

@@ -4,6 +4,7 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -16,6 +17,7 @@
 #include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/ltm_file.h"
 #include "devkit/zelctl/mode_selection.h"
+#include "devkit/zelctl/suggestion.h"
 
 namespace zelctl {
 namespace {
@@ -84,7 +86,7 @@ void AddRenderOptions(CLI::App& command, RenderOptions* options) {
   AddParsedOption(command, "--color-transform", &options->color_transform, "TRANSFORM",
                   ParseColorTransform, kColorTransformHelp);
   AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp);
-  AddParsedOption(command, "--dimming", &options->dimming, "F", ParseNumber,
+  AddParsedOption(command, "--dimming", &options->dimming, "F", ParseDimming,
                   "Factor on the whole PCC block");
   for (TableSize* size : {&options->igc, &options->gc, &options->gamut}) {
     AddTableSize(command, size);
@@ -192,6 +194,7 @@ void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals) {
   auto mode = std::make_shared<std::string>();
   auto* command = app.add_subcommand("assets", "Show the software assets of a mode");
   command->add_option("MODE", *mode, kModeHelp)->required()->type_name("");
+  command->footer(kAssetsHelp);
   command->callback([&globals, mode] { RunAssets(globals, *mode); });
 }
 
@@ -211,11 +214,38 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
 
 // A subcommand without arguments.
 void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* name,
-                     const char* help, void (*run)(const GlobalOptions&)) {
-  app.add_subcommand(name, help)->callback([&globals, run] { run(globals); });
+                     const char* help, const char* footer, void (*run)(const GlobalOptions&)) {
+  auto* command = app.add_subcommand(name, help);
+  command->footer(footer);
+  command->callback([&globals, run] { run(globals); });
 }
 
 }  // namespace
+
+// The complaint about a word that nothing takes.
+std::string NotExpected(const CLI::App& app) {
+  const CLI::App* command = app.get_subcommands().empty() ? &app : app.get_subcommands().front();
+  const std::vector<std::string> words = app.remaining(true);
+  const auto plain = std::find_if(words.begin(), words.end(),
+                                  [](const auto& word) { return !word.starts_with("-"); });
+  const bool mistyped_command = command == &app && plain != words.end();
+  std::vector<std::string> known;
+  if (mistyped_command) {
+    for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
+      known.push_back(one->get_name());
+    }
+    return "no command '" + *plain + "'" + DidYouMean(*plain, known);
+  }
+  for (const CLI::App* owner : {&app, command}) {
+    for (const auto* option : owner->get_options()) {
+      for (const auto& name : option->get_lnames()) known.push_back("--" + name);
+    }
+  }
+  const std::string word = words.empty() ? "" : words.front();
+  const bool option = word.starts_with("-");
+  return (option ? "no option '" : "nothing takes '") + word + "'" +
+         (option ? DidYouMean(word.substr(0, word.find('=')), known) : "");
+}
 
 int RunCommandLine(int argc, char** argv) {
   const Installation installation = FindInstallation();
@@ -226,16 +256,19 @@ int RunCommandLine(int argc, char** argv) {
   CLI::App app("Loads the zeltarn display colour-management plug-in and drives it as a host does.",
                "zelctl");
   app.footer(kExamples);
+  app.set_version_flag("--version", "zelctl " ZELTARN_VERSION, "Print the version and exit");
   app.fallthrough();  // global options may follow the subcommand
   AddGlobalOptions(app, &globals);
-  AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", RunModes);
+  AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", kModesHelp,
+                  RunModes);
   AddRenderCommand(app, globals);
   AddPlotCommand(app, globals);
   AddExportCommand(app, globals);
   AddReportCommand(app, globals);
   AddAssetsCommand(app, globals);
-  AddPlainCommand(app, globals, "dither", "Show the global dither configuration", RunDither);
-  AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", RunCaps);
+  AddPlainCommand(app, globals, "dither", "Show the global dither configuration", kDitherHelp,
+                  RunDither);
+  AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", kCapsHelp, RunCaps);
   AddValidateCommand(app, globals);
 
   try {
@@ -243,6 +276,8 @@ int RunCommandLine(int argc, char** argv) {
     if (app.get_subcommands().empty()) throw UsageError("which subcommand? See zelctl --help");
   } catch (const CLI::Success& help) {
     app.exit(help);
+  } catch (const CLI::ExtrasError&) {
+    throw UsageError(NotExpected(app));
   } catch (const CLI::Error& e) {
     throw UsageError(e.what());
   }

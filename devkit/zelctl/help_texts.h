@@ -19,7 +19,32 @@ inline constexpr const char* kExamples =
     "Exit status: 0; 1 when a call of the plug-in or a rule of validate failed, or with --strict\n"
     "when the host would not get an answer whole; 2 for a wrong mode, file or number.";
 
+inline constexpr const char* kModesHelp =
+    "Examples:\n"
+    "  zelctl modes\n"
+    "  zelctl modes --json --panel my-panel.json";
+
+inline constexpr const char* kCapsHelp =
+    "Examples:\n"
+    "  zelctl caps\n"
+    "  zelctl caps --json";
+
+inline constexpr const char* kDitherHelp =
+    "Examples:\n"
+    "  zelctl dither\n"
+    "  zelctl dither --json --tables";
+
+inline constexpr const char* kAssetsHelp =
+    "Examples:\n"
+    "  zelctl assets vivid\n"
+    "  zelctl assets vivid --strict";
+
 inline constexpr const char* kRenderHelp =
+    "Examples:\n"
+    "  zelctl render srgb --color-transform night:3400 --dimming 0.6 --steps\n"
+    "  zelctl render display_p3 --from native --repeat 3\n"
+    "  zelctl render srgb --image in.png -o out.png\n"
+    "\n"
     "The second table shows the PCC block after each call: per output channel its offset (in\n"
     "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.\n"
     "\n"
@@ -31,6 +56,10 @@ inline constexpr const char* kRenderHelp =
     "them apart.";
 
 inline constexpr const char* kPlotHelp =
+    "Examples:\n"
+    "  zelctl plot display_p3 -o display_p3.svg\n"
+    "  zelctl plot srgb --what pcc --color-transform night:3400 -o night.png\n"
+    "\n"
     "gamut   CIE 1931 xy: the panel's primaries, those of the mode's content (target), and what\n"
     "        is shown of them with all settings; both primaries are read from --panel\n"
     "curves  the IGC and GC tables\n"
@@ -60,6 +89,10 @@ inline constexpr const char* kReportHelp =
     "--measured the page compares it with target and prediction.";
 
 inline constexpr const char* kValidateHelp =
+    "Examples:\n"
+    "  zelctl validate\n"
+    "  zelctl validate --parser libmy-parser.so --arg my-panel.json --timeout 30\n"
+    "\n"
     "Opens the libraries itself, without the plug-in, and calls them as it would. With neither\n"
     "--parser nor --algo both, as --plugin finds them by name: in LD_LIBRARY_PATH, beside it, or\n"
     "where the system keeps libraries. A library runs in a process of its own: one that crashes,\n"

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/suggestion.h"
 
 namespace zelctl {
 namespace {
@@ -12,7 +13,7 @@ std::string Titles(const velaricolor::ColorModeList& list) {
   for (size_t i = 0; i < list.modes.size(); ++i) {
     text += (i == 0 ? "" : ", ") + ModeTitle(list, i);
   }
-  return text.empty() ? "none" : text;
+  return text;
 }
 
 }  // namespace
@@ -29,10 +30,14 @@ size_t SelectMode(const velaricolor::ColorModeList& list, const std::string& tex
     if (text == list.modes[i].label) labelled.push_back(i);
   }
   if (labelled.size() == 1) return labelled.front();
-  const std::string problem =
-      labelled.empty() ? "no mode '" + text + "'"
-                       : "label '" + text + "' names " + std::to_string(labelled.size()) + " modes";
-  throw UsageError(problem + "; valid modes: " + Titles(list));
+  if (!labelled.empty()) {
+    throw UsageError("label '" + text + "' names " + std::to_string(labelled.size()) +
+                     " modes; valid modes: " + Titles(list));
+  }
+  std::vector<std::string> labels;
+  for (const auto& mode : list.modes) labels.push_back(mode.label);
+  throw UsageError("no mode '" + text + "'" + DidYouMean(text, labels) +
+                   (labels.empty() ? "; the panel has none" : "; valid modes: " + Titles(list)));
 }
 
 }  // namespace zelctl

@@ -1,6 +1,19 @@
 #include "devkit/zelctl/render_options.h"
 
+#include <iostream>
+
+#include "devkit/zelctl/input.h"
+
 namespace zelctl {
+
+double ParseDimming(const std::string& text) {
+  const double factor = ParseNumber(text);
+  if (factor < 0 || factor > 1) {
+    std::cerr << "zelctl: --dimming " << text << " is not from 0 to 1: "
+              << (factor < 0 ? "negative light is shown as none" : "it brightens") << '\n';
+  }
+  return factor;
+}
 
 void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session) {
   if (options.calibration) session->Notify(velaricolor::kVcDisplayCalibrationMode);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <optional>
+#include <string>
 
 #include "devkit/zelctl/host_session.h"
 #include "handlers/color_transform_matrix.h"
@@ -34,6 +35,10 @@ struct RenderOptions {
   std::optional<velaricolor::PccPostBlendConfig> ltm;
   std::optional<double> dimming;
 };
+
+// A factor on all light. Says so on standard error where it is none that dims; the plug-in
+// takes any. Throws UsageError for what is no number.
+double ParseDimming(const std::string& text);
 
 // The settings that do not concern the PCC block.
 void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session);

@@ -2,7 +2,15 @@
 
 #include <algorithm>
 
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/text_width.h"
+
 namespace zelctl {
+
+void TextTable::Add(std::vector<std::string> row) {
+  std::transform(row.begin(), row.end(), row.begin(), OneLine);
+  rows_.push_back(std::move(row));
+}
 
 void TextTable::Print(std::ostream& out) const {
   std::vector<size_t> widths;
@@ -10,13 +18,13 @@ void TextTable::Print(std::ostream& out) const {
   for (size_t i = 0; i < columns_.size(); ++i) {
     headings.push_back(columns_[i].heading);
     widths.push_back(headings[i].size());
-    for (const auto& row : rows_) widths[i] = std::max(widths[i], row[i].size());
+    for (const auto& row : rows_) widths[i] = std::max(widths[i], DisplayWidth(row[i]));
   }
 
   const auto print_line = [&](const std::vector<std::string>& cells) {
     std::string line;
     for (size_t i = 0; i < cells.size(); ++i) {
-      const std::string blanks(widths[i] - cells[i].size(), ' ');
+      const std::string blanks(widths[i] - DisplayWidth(cells[i]), ' ');
       if (i > 0) line += "  ";
       line += columns_[i].align == Align::kRight ? blanks + cells[i] : cells[i] + blanks;
     }

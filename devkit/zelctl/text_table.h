@@ -14,13 +14,13 @@ struct TextColumn {
   Align align = Align::kLeft;
 };
 
-// Columns are as wide as their widest cell, two blanks apart.
+// Columns are as wide as their widest cell is on the terminal, two blanks apart.
 class TextTable {
  public:
   explicit TextTable(std::vector<TextColumn> columns) : columns_(std::move(columns)) {}
 
   // `row` has one cell per column.
-  void Add(std::vector<std::string> row) { rows_.push_back(std::move(row)); }
+  void Add(std::vector<std::string> row);
   void Print(std::ostream& out) const;
 
  private:

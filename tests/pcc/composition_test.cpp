@@ -290,6 +290,30 @@ TEST_F(Composition, RunsOnWhateverAFailedModeBrought) {
   }
 }
 
+// A parser may answer with the same record again and again.
+TEST_F(Composition, NeverWritesToTheParsersRecord) {
+  Platform().algo_opens = false;
+  Start();
+  const auto lent = PccBlock<tarn::PccPostBlendConfig>(Random(2), true);
+  Parser().blocks = {Block("PostBlendPCC", lent)};
+  SetLtm(Random(1));
+  ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+  HwConfigOutputParams lists[2];
+  for (const bool again : {false, true}) {
+    for (HwConfigOutputParams& list : lists) {
+      SCOPED_TRACE(again);
+      ASSERT_EQ(Render(&list), 0);
+      pcc_coeff_data expected = Product(Random(1), Random(2));
+      for (zeltarn::PccRow* row : {&expected.r, &expected.g, &expected.b}) {
+        for (double& term : *row) term *= 0.5;
+      }
+      EXPECT_EQ(BytesOf(PccOf(list)->coeffs), BytesOf(expected));
+      EXPECT_EQ(BytesOf(lent->coeffs), BytesOf(Random(2)));
+    }
+  }
+  EXPECT_NE(lists[0].payloads[0].payload, lists[1].payloads[0].payload);
+}
+
 TEST_F(Composition, LeavesSoftwareAssetsAlone) {
   Start();
   ASSERT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix{.matrix = {2}}),

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <map>
 
+#include "devkit/reference/algo/affine_merge.h"
 #include "devkit/reference/algo/exact_sum.h"
 
 namespace tarn::reference {
@@ -85,6 +86,7 @@ std::array<double, 3> Evaluate(const pcc_coeff_data& pcc, const std::array<doubl
 ComposeError Compose(const pcc_coeff_data& trans, const pcc_coeff_data& active,
                      pcc_coeff_data* result) {
   if (!IsFinite(trans) || !IsFinite(active)) return ComposeError::kNotFinite;
+  if (ComposeAffine(trans, active, result)) return ComposeError::kNone;
   Monomials monomials;
   for (size_t term = 0; term < zeltarn::kPccTerms; ++term) {
     const bool needed = trans.r[term] != 0 || trans.g[term] != 0 || trans.b[term] != 0;

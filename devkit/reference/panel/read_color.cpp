@@ -54,11 +54,13 @@ void CheckWhite(const Primaries& p, const JsonValue& value) {
 
 Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
   if (IsName(value, value.IsObject(), "an object")) {
-    return Named<Primaries>(value, {{kPanelItself, panel},
-                                    {"srgb", color::kSrgb},
-                                    {"display_p3", color::kDisplayP3},
-                                    {"dcip3", color::kDciP3},
-                                    {"bt2020", color::kBt2020}});
+    return Named<Primaries>(value,
+                            {{kPanelItself, panel},
+                             {"srgb", color::kSrgb},
+                             {"display_p3", color::kDisplayP3},
+                             {"dcip3", color::kDciP3},
+                             {"bt2020", color::kBt2020}},
+                            R"(an object with "red", "green" and "blue")");
   }
   Primaries own = ReadPrimaries(value);
   own.white = panel.white;
@@ -67,10 +69,12 @@ Primaries ReadTargetPrimaries(const JsonValue& value, const Primaries& panel) {
 
 Chromaticity ReadTargetWhite(const JsonValue& value, const Chromaticity& panel) {
   if (!IsName(value, value.IsArray(), "an array of 2")) return ReadWhite(value);
-  return Named<Chromaticity>(value, {{kPanelItself, panel},
-                                     {"D50", color::kD50},
-                                     {"D65", color::kD65},
-                                     {"DCI", color::kDciWhite}});
+  return Named<Chromaticity>(value,
+                             {{kPanelItself, panel},
+                              {"D50", color::kD50},
+                              {"D65", color::kD65},
+                              {"DCI", color::kDciWhite}},
+                             "an array of x and y");
 }
 
 }  // namespace

@@ -8,14 +8,15 @@
 
 namespace tarn::reference {
 
-// The entry that a text names.
+// The entry that a text names. `other` says what else may stand there.
 template <typename T>
-T Named(const JsonValue& value, const std::map<std::string, T>& names) {
+T Named(const JsonValue& value, const std::map<std::string, T>& names,
+        const std::string& other = "") {
   const auto found = names.find(value.Text());
   if (found != names.end()) return found->second;
   std::string known;
   for (const auto& [name, unused] : names) known += (known.empty() ? "" : ", ") + name;
-  value.Refuse("expected one of " + known);
+  value.Refuse("expected one of " + known + (other.empty() ? "" : ", or " + other));
 }
 
 // Whether the value is a name. Where it is not, it must be what else may stand

@@ -49,18 +49,21 @@ color::Luminance ReadLuminance(const JsonValue& value) {
 
 TransferFunction ReadPanelTransfer(const JsonValue& value, Notes* notes) {
   if (!IsName(value, value.IsObject(), "an object")) return ReadOwnCurve(value, false, notes);
-  return OfCurve(Named<Curve>(value, {{"linear", Curve::kLinear}, {"srgb", Curve::kSrgb}}));
+  return OfCurve(Named<Curve>(value, {{"linear", Curve::kLinear}, {"srgb", Curve::kSrgb}},
+                              R"(an object with "gamma" or "ramp")"));
 }
 
 TransferFunction ReadTargetTransfer(const JsonValue& value, const TransferFunction& panel,
                                     Notes* notes) {
   if (!IsName(value, value.IsObject(), "an object")) return ReadOwnCurve(value, true, notes);
-  return Named<TransferFunction>(value, {{"panel", panel},
-                                         {"linear", OfCurve(Curve::kLinear)},
-                                         {"srgb", OfCurve(Curve::kSrgb)},
-                                         {"bt1886", OfCurve(Curve::kBt1886)},
-                                         {"hlg", OfCurve(Curve::kHlg)},
-                                         {"st2084", OfCurve(Curve::kSt2084)}});
+  return Named<TransferFunction>(value,
+                                 {{"panel", panel},
+                                  {"linear", OfCurve(Curve::kLinear)},
+                                  {"srgb", OfCurve(Curve::kSrgb)},
+                                  {"bt1886", OfCurve(Curve::kBt1886)},
+                                  {"hlg", OfCurve(Curve::kHlg)},
+                                  {"st2084", OfCurve(Curve::kSt2084)}},
+                                 R"(an object with "gamma", "ramp" or "st2084")");
 }
 
 }  // namespace tarn::reference

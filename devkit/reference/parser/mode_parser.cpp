@@ -1,6 +1,7 @@
 #include "devkit/reference/parser/mode_parser.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "convert/gamut_gamma_config.h"
 #include "devkit/reference/envelope.h"
@@ -66,6 +67,7 @@ std::string OutOfRange(const Table& table, const char* what, uint32_t value, uin
 int ModeParser::Init(const std::string& arg) {
   try {
     panel_ = ReadPanel(arg);
+    ForgetBlocks();
     for (const std::string& note : panel_->notes) LogInfo(kTag, note);
     return kOk;
   } catch (const PanelError& error) {
@@ -75,6 +77,7 @@ int ModeParser::Init(const std::string& arg) {
 
 int ModeParser::DeInit() {
   panel_.reset();
+  ForgetBlocks();
   return kOk;
 }
 
@@ -91,7 +94,11 @@ int ModeParser::SetProperty(const TarnPayload& payload) {
   if (size.bit_depth < 1 || size.bit_depth > kMaxBitDepth) {
     return Refuse(OutOfRange(*table, "bits", size.bit_depth, 1, kMaxBitDepth));
   }
-  dimensions_.*(table->size) = size;
+  zeltarn::TableDimensions& current = dimensions_.*(table->size);
+  if (size.num_of_entries != current.num_of_entries || size.bit_depth != current.bit_depth) {
+    current = size;
+    ForgetBlocks();
+  }
   return kOk;
 }
 
@@ -153,13 +160,17 @@ const Mode* ModeParser::FindMode(const ColorMode& id) const {
   return found == panel_->modes.end() ? nullptr : &*found;
 }
 
-Blocks ModeParser::RenderIntent(const Mode& mode) const {
-  Blocks blocks = {GamutBlock(*panel_, mode.target, dimensions_.gamut),
-                   IgcBlock(*panel_, mode.target, dimensions_.igc),
-                   GcBlock(*panel_, dimensions_.gc), PccBlock(*panel_, mode.target)};
-  blocks.insert(blocks.end(), mode.blocks.begin(), mode.blocks.end());
-  return blocks;
+const Blocks& ModeParser::RenderIntent(const Mode& mode) {
+  Blocks& blocks = rendered_[static_cast<size_t>(&mode - panel_->modes.data())];
+  if (!blocks.empty()) return blocks;
+  Blocks computed = {GamutBlock(*panel_, mode.target, dimensions_.gamut),
+                     IgcBlock(*panel_, mode.target, dimensions_.igc),
+                     GcBlock(*panel_, dimensions_.gc), PccBlock(*panel_, mode.target)};
+  computed.insert(computed.end(), mode.blocks.begin(), mode.blocks.end());
+  return blocks = std::move(computed);
 }
+
+void ModeParser::ForgetBlocks() { rendered_.assign(panel_ ? panel_->modes.size() : 0, {}); }
 
 }  // namespace tarn::reference
 

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel.h"
@@ -28,10 +29,15 @@ class ModeParser : public ModeParserIntf {
   int GetModesList(TarnPayload* payload) const;
   int GetDither(TarnPayload* payload) const;
   const Mode* FindMode(const ColorMode& id) const;
-  Blocks RenderIntent(const Mode& mode) const;
+  const Blocks& RenderIntent(const Mode& mode);
+  void ForgetBlocks();
 
   std::optional<Panel> panel_;  // none before Init and after DeInit
   Dimensions dimensions_;
+
+  // What the modes answer at these dimensions, by place; empty until one is asked. Their
+  // records never change: every answer shares them.
+  std::vector<Blocks> rendered_;
 };
 
 }  // namespace tarn::reference

@@ -1,5 +1,6 @@
 #include "devkit/zelctl/blocks/pcc_block.h"
 
+#include <algorithm>
 #include <cmath>
 #include <stdexcept>
 
@@ -21,6 +22,11 @@ PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output) {
 
 Vec3 ApplyPcc(const PccCopy& pcc, const Vec3& light) {
   if (!pcc || !pcc->enable) return light;
+  for (const auto* row : {&pcc->coeffs.r, &pcc->coeffs.g, &pcc->coeffs.b}) {
+    if (!std::all_of(row->begin(), row->end(), [](double c) { return std::isfinite(c); })) {
+      throw std::runtime_error(velaricolor::kPostBlendPCC + ": a coefficient is no finite number");
+    }
+  }
   Vec3 result = tarn::reference::Evaluate(
       pcc->coeffs, {kPccRange * light[0], kPccRange * light[1], kPccRange * light[2]});
   for (double& component : result) {

@@ -138,6 +138,7 @@ Json ReportJson(const Report& report) {
                  {"bit_depth", panel.bit_depth}}},
                {"output_bits", kOutputBits},
                {"modes", std::move(modes)},
+               {"measured", nullptr},
                {"problems", report.problems}};
   if (report.measured) json["measured"] = MeasuredJson(*report.measured);
   return json;

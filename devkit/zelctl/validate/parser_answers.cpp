@@ -41,7 +41,7 @@ void AskModes(ParserSubject& parser, tarn::ZelOps op, const std::string& at, boo
     const int code = parser.Ask(question, &answer);
     codes->See(code == 0, title, "answered " + CodeText(code));
     CheckAnswer({title, answer, parser.sizes}, &parser.tallies);
-    if (remember) parser.asked.push_back({question, code, BlockTexts(answer)});
+    if (remember) parser.asked.push_back({question, code, BlockTexts(answer), answer});
   }
 }
 
@@ -71,7 +71,7 @@ Finding AskDither(ParserSubject& parser) {
   const int code = parser.Ask(question, &answer);
   if (code != 0) return {Verdict::kPassed, "answered " + CodeText(code) + ": no configuration"};
   CheckAnswer({question.Title(), answer, parser.sizes}, &parser.tallies);
-  parser.asked.push_back({question, code, BlockTexts(answer)});
+  parser.asked.push_back({question, code, BlockTexts(answer), answer});
   return {Verdict::kPassed, "answered 0; blocks: " + std::to_string(answer.payloads.size())};
 }
 
@@ -89,6 +89,20 @@ Finding AskAgain(ParserSubject& parser) {
               asked.question.Title() + block, "another answer the second time");
   }
   return tally.Sum(Verdict::kFailed, "answers from another thread");
+}
+
+Finding CompareRecords(ParserSubject& parser) {
+  Tally tally;
+  for (auto& asked : parser.asked) {
+    const auto now = BlockTexts(asked.answer);
+    for (size_t i = 0; i < now.size(); ++i) {
+      tally.See(now[i] == asked.blocks[i],
+                asked.question.Title() + ", " + asked.answer.payloads[i].hw_block,
+                "its record changed after it was handed out");
+    }
+    asked.answer.payloads.clear();  // before the library goes
+  }
+  return tally.Sum(Verdict::kFailed, "records as they were");
 }
 
 Finding AskUnknownMode(ParserSubject& parser) {

@@ -17,6 +17,9 @@ Finding AskDither(ParserSubject& parser);
 // All of the above once more, from other threads: a host may call from any.
 Finding AskAgain(ParserSubject& parser);
 
+// Records that were handed out must stay as they were, for answers may share them.
+Finding CompareRecords(ParserSubject& parser);
+
 Finding AskUnknownMode(ParserSubject& parser);
 
 }  // namespace zelctl

@@ -53,6 +53,7 @@ std::vector<Rule<ParserSubject>> ParserRules() {
       {"software assets", Stage::kModes, AskSwAssets},
       {"dither configuration", Stage::kModes, AskDither},
       {"same answer twice", Stage::kModes, AskAgain},
+      {"records don't change", Stage::kModes, CompareRecords},
       {"unknown mode refused", Stage::kModes, AskUnknownMode},
   };
   for (size_t i = 0; i < AnswerChecks().size(); ++i) {

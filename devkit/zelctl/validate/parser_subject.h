@@ -48,6 +48,7 @@ struct ParserSubject : LibrarySubject<tarn::ModeParserIntf> {
     Question question;
     int code;
     std::vector<std::string> blocks;
+    tarn::HwConfigOutputParams answer;  // shares the records until they have been compared
   };
   std::vector<Asked> asked;
 

@@ -118,7 +118,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
       return Has("assets fail") ? -5 : 0;
     }
     if (Has("render fails")) return -5;
-    AddBlocks(answer);
+    AddBlocks(request->mode.gamut, answer);
     Spoil(answer);
     return 0;
   }
@@ -139,15 +139,17 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     return table;
   }
 
-  void AddBlocks(tarn::HwConfigOutputParams* answer) const {
+  void AddBlocks(uint32_t gamut, tarn::HwConfigOutputParams* answer) const {
     Add("PostBlendIGC", Table(Has("refuses sizes") ? zeltarn::TableDimensions{1024, 8} : igc_),
         answer);
     Add("PostBlendGC", Table(gc_), answer);
     auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
     pcc->coeffs.b[10] = Has("not a number") ? NAN : 1;
     Add("PostBlendPCC", pcc, answer);
-    auto de = std::make_shared<tarn::DePostBlendConfig>();
+    static const auto one = std::make_shared<tarn::DePostBlendConfig>();
+    auto de = Has("one record") ? one : std::make_shared<tarn::DePostBlendConfig>();
     de->params[0] = Has("unsteady") ? static_cast<uint8_t>(++calls) : 0;
+    if (Has("one record")) de->params[0] = static_cast<uint8_t>(gamut);
     Add("PostBlendDE", de, answer);
   }
 

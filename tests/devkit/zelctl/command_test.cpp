@@ -90,6 +90,21 @@ twin       none
 )");
 }
 
+// Two letters of one column each in two bytes, two characters of two columns in three.
+TEST(Command, ColumnsAreAsWideAsTheyShow) {
+  std::string panel = ReadFile(PANELS "phone-oled.json");
+  panel.replace(panel.find("\"native\""), 8,
+                "\"Gr\xc3\xb6\xc3\x9f"
+                "e\"");
+  panel.replace(panel.find("\"srgb\""), 6, "\"\xe6\x98\xbe\xe7\xa4\xba\"");
+  const std::string out = RunZelctl("modes --panel " + WriteFile("wide.json", panel)).out;
+  EXPECT_TRUE(Contains(out,
+                       "\n   0  Gr\xc3\xb6\xc3\x9f"
+                       "e              0      0       0\n"))
+      << out;
+  EXPECT_TRUE(Contains(out, "\n   1  \xe6\x98\xbe\xe7\xa4\xba               1 ")) << out;
+}
+
 TEST(Command, SettingsReachThePccBlock) {
   const std::string ltm = WriteFile(
       "ltm.json", R"({"r": [1, 2, 3, 4], "g": [0, 0, 1, 0, 0, 0, 0, 0, 0, 0, 0], "b": [0,0,0,1]})");

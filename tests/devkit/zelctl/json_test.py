@@ -36,6 +36,7 @@ class Json(unittest.TestCase):
             ("render srgb --color-transform inversion --dimming 0.5 --steps", "render", "", 0),
             ("assets vivid", "blocks", "", 0),
             ("dither", "blocks", "", 0),
+            ("report --dimming 0.5", "report", "", 0),
             ("validate", "validation", "", 0),
             (f"{OWN} validate --timeout 1", "validation", "crashes", 1),
             (f"{OWN} render 0", "render", "not a number", 0),

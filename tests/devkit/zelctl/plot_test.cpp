@@ -10,8 +10,8 @@ namespace {
 std::string Drawn(const std::string& ending, const std::string& arguments) {
   const std::string path = WriteFile("plot" + ending, "");
   const ZelctlRun run = RunZelctl("plot --log-level 0 -o " + path + " " + arguments);
-  EXPECT_EQ(run.status, 0);
-  EXPECT_EQ(run.out + run.err, "") << arguments;
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(run.out, "") << arguments;
   return ReadFile(path);
 }
 

@@ -81,6 +81,13 @@ TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
     ASSERT_TRUE(report.is_object()) << strict.out;
     if (report.contains("problems")) EXPECT_EQ(report["problems"], json::array({test.problem}));
   }
+  for (const char* draws : {"render 0 --image " SAMPLE_PICTURE " -o ", "plot 0 --what pcc -o "}) {
+    const ZelctlRun run = RunOwn(draws + WriteFile("nan.png", ""), "not a number");
+    EXPECT_NE(run.err.find("PostBlendPCC: a coefficient is no finite number\n"), std::string::npos);
+    EXPECT_EQ(run.status, 1);
+  }
+  EXPECT_EQ(RunZelctl("render 0 --dimming -1").err,
+            "zelctl: --dimming -1 is not from 0 to 1: negative light is shown as none\n");
   const ZelctlRun nan = RunOwn("render 0 --json", "not a number");
   EXPECT_EQ(json::parse(nan.out)["rounds"][0]["pcc"]["rows"]["b"][10], "nan");
 }

@@ -1,0 +1,13 @@
+// How much room a text takes on a terminal.
+#pragma once
+
+#include <cstddef>
+#include <string>
+
+namespace zelctl {
+
+// In columns: a CJK character takes two, a combining mark none. A byte that is no UTF-8
+// counts as one.
+size_t DisplayWidth(const std::string& text);
+
+}  // namespace zelctl
