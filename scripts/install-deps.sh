@@ -13,7 +13,7 @@ packages=(
   cmake ninja-build
   googletest                                  # sources: built against libc++
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
-  gnuplot-nox libpng-dev                      # zelctl's pictures
+  gnuplot-nox fontconfig libpng-dev           # zelctl's pictures
   liblcms2-dev                                # zelctl's ICC profiles
   libbenchmark-dev                            # bench
   python3-numpy python3-pil                   # the judge of colours in tests

@@ -67,6 +67,11 @@ inline constexpr const char* kPlotHelp =
     "        with colour transform, LTM and dimming, as far as they are given";
 
 inline constexpr const char* kExportHelp =
+    "Examples:\n"
+    "  zelctl export srgb --format clf -o srgb.clf\n"
+    "  zelctl export srgb --format cube --size 33 -o srgb.cube\n"
+    "  zelctl export native --format icc -o panel.icc\n"
+    "\n"
     "clf    Common LUT Format 3: IGC, gamut, PCC and GC block by block, exactly; refused where\n"
     "       the PCC block has more terms than a matrix with offsets\n"
     "cube   3D LUT: the same blocks, sampled; the file states what that costs\n"

@@ -25,22 +25,49 @@ class Utf8Locale {
   const locale_t before_;
 };
 
-}  // namespace
-
-size_t DisplayWidth(const std::string& text) {
+// Calls `see` with each character, the bytes that it takes and its columns.
+template <typename See>
+void ForEachCharacter(const std::string& text, See see) {
   const Utf8Locale locale;
   std::mbstate_t state = {};
-  size_t columns = 0;
   for (size_t at = 0; at < text.size();) {
     wchar_t character = 0;
     const size_t size = std::mbrtowc(&character, text.data() + at, text.size() - at, &state);
     const bool valid = size > 0 && size <= text.size() - at;
-    const int width = valid ? wcwidth(character) : 1;
-    columns += width < 0 ? 1 : static_cast<size_t>(width);
+    const int columns = valid ? wcwidth(character) : 1;
+    if (!valid) {
+      character = 0xfffd;
+      state = {};
+    }
+    see(static_cast<char32_t>(character), text.substr(at, valid ? size : 1),
+        columns < 0 ? size_t{1} : static_cast<size_t>(columns));
     at += valid ? size : 1;
-    if (!valid) state = {};
   }
-  return columns;
+}
+
+}  // namespace
+
+size_t DisplayWidth(const std::string& text) {
+  size_t width = 0;
+  ForEachCharacter(text, [&](char32_t, const std::string&, size_t columns) { width += columns; });
+  return width;
+}
+
+std::string Shortened(const std::string& text, size_t columns) {
+  if (DisplayWidth(text) <= columns) return text;
+  std::string shortened;
+  size_t width = 1;  // of the ellipsis
+  ForEachCharacter(text, [&](char32_t, const std::string& bytes, size_t more) {
+    width += more;
+    if (width <= columns) shortened += bytes;
+  });
+  return shortened + "\u2026";
+}
+
+std::u32string Characters(const std::string& text) {
+  std::u32string characters;
+  ForEachCharacter(text, [&](char32_t c, const std::string&, size_t) { characters += c; });
+  return characters;
 }
 
 }  // namespace zelctl

@@ -40,6 +40,7 @@ struct ExportedFile {
 
 struct ExportFormat {
   const char* name;
+  bool reads_description;  // of the panel, besides the blocks
   ExportedFile (*write)(const ExportedMode& mode, const FormatOptions& options);
 };
 

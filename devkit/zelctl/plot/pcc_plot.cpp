@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "devkit/zelctl/plot/gnuplot.h"
+#include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
 namespace {
@@ -18,6 +19,8 @@ constexpr std::array<Input, 4> kInputs = {{{"PCC: red in", {1, 0, 0}},
                                            {"PCC: green in", {0, 1, 0}},
                                            {"PCC: blue in", {0, 0, 1}},
                                            {"PCC: white in", {1, 1, 1}}}};
+
+constexpr size_t kLongestTick = 14;  // columns that fit under a bar, slanted
 
 std::vector<Vec3> AfterRounds(const std::vector<PccRound>& rounds, const Vec3& light) {
   std::vector<Vec3> results;
@@ -37,7 +40,7 @@ void WritePlot(const Input& input, const std::vector<PccRound>& rounds, std::ost
   WriteData(AfterRounds(rounds, input.light), out);
   out << "set title '" << input.title << "'\nset xtics (";
   for (size_t i = 0; i < rounds.size(); ++i) {
-    out << (i == 0 ? "" : ", ") << Quoted(rounds[i].label) << ' ' << i;
+    out << (i == 0 ? "" : ", ") << Quoted(Shortened(rounds[i].label, kLongestTick)) << ' ' << i;
   }
   out << ") noenhanced rotate by 35 right\n"
       << "set xrange [-0.6:" << static_cast<double>(rounds.size()) - 0.4 << "]\n";

@@ -5,11 +5,15 @@ In the environment: ZELCTL, the program; SOURCE, the tree; LIBRARY, a mode parse
 
 import os
 import pathlib
+import pty
 import re
 import shutil
 import subprocess
 import tempfile
+import time
 import unittest
+
+from PIL import Image
 
 ZELCTL = os.environ["ZELCTL"].split()
 SOURCE = pathlib.Path(os.environ["SOURCE"])
@@ -88,6 +92,29 @@ class Help(unittest.TestCase):
                                                 "PATH": f"{folder}:{os.environ['PATH']}"})
             self.assertEqual(completed.stderr, "", line)
             self.assertEqual(set(completed.stdout.split()), expected, line)
+
+    @unittest.skipIf(len(ZELCTL) > 1, "an emulator takes too long")
+    def test_ProgressIsForTerminals(self):
+        with tempfile.TemporaryDirectory() as folder:
+            large = pathlib.Path(folder) / "in.png"
+            Image.new("RGB", (2400, 1500), (200, 30, 90)).save(large)
+            arguments = ["render", "srgb", "--image", str(large), "-o", f"{folder}/out.png"]
+            master, terminal = pty.openpty()
+            began = time.monotonic()
+            ended = subprocess.run([*ZELCTL, *arguments], stdout=subprocess.DEVNULL,
+                                   stderr=terminal)
+            took = time.monotonic() - began
+            os.close(terminal)
+            try:
+                shown = os.read(master, 1 << 16).decode()
+            except OSError:  # nothing was written
+                shown = ""
+            os.close(master)
+            self.assertEqual(ended.returncode, 0)
+            if took > 3:
+                self.assertRegex(shown, r"\rpicture: [0-9]+ %")
+            if shown:
+                self.assertTrue(shown.endswith("\r\x1b[K"), shown[-40:])
 
     def test_Suggestions(self):
         cases = [

@@ -48,10 +48,39 @@ TEST(Plot, ShowsALabelAsItIs) {
   const std::string label = R"(a'b`false`\"@x\\n{_2})";
   std::string description = ReadFile(PANELS "phone-oled.json");
   description.replace(description.find("native"), 6, label);
-  const std::string panel = WriteFile("two\nlines.json", description);
+  const std::string panel = WriteFile("panel.json", description);
   const std::string svg = Drawn(".svg", "0 --panel '" + panel + "'");
   EXPECT_GE(Count(svg, "a'b`false`\"@x\\n{_2}"), 2) << "in the title and below the bars";
-  EXPECT_EQ(Count(svg, "two lines"), 1);
+  EXPECT_EQ(Count(svg, "(0:0:0) of 6.4 inch wide-gamut OLED phone panel</"), 2);
+  EXPECT_EQ(Count(svg, "<title>Gnuplot"), 0);
+}
+
+// A character of no script: no font has it. Letters that are too long are cut.
+TEST(Plot, FallsBackToTheIndexWhereFontsLackALabel) {
+  std::string description = ReadFile(PANELS "phone-oled.json");
+  description.replace(description.find("native"), 6, "\xf4\x8f\xbf\xbd");
+  description.replace(description.find("\"srgb\""), 6, "\"" + std::string(60, 'x') + "\"");
+  const std::string panel = " --panel " + WriteFile("panel.json", description);
+  const std::string out = WriteFile("plot.png", "");
+  const ZelctlRun png = RunZelctl("plot 0 -o " + out + panel);
+  EXPECT_EQ(png.status, 0);
+  EXPECT_EQ(png.err,
+            "zelctl: no font here has all characters of '\xf4\x8f\xbf\xbd': shown as 'mode 0'\n");
+  EXPECT_GE(Count(Drawn(".svg", "1" + panel), "xxxxxxxxxxxxx\xe2\x80\xa6"), 4);
+}
+
+// The sample panel is not the panel of somebody's own parser.
+TEST(Plot, NeedsThePanelOfAnotherParser) {
+  const std::string own = "--parser $(dirname " ZELTARN_LIBRARY
+                          ")/libtarn-json-mode-parser.so plot 0 -o " +
+                          WriteFile("plot.svg", "");
+  const ZelctlRun refused = RunZelctl(own);
+  EXPECT_EQ(refused.status, 2);
+  EXPECT_EQ(refused.err,
+            "zelctl: a parser of your own, but no --panel: the gamut can't be drawn; "
+            "--what curves and --what pcc can\n");
+  EXPECT_EQ(RunZelctl(own + " --what curves").status, 0);
+  EXPECT_EQ(RunZelctl(own + " --panel " PANELS "phone-oled.json").status, 0);
 }
 
 }  // namespace
