@@ -14,8 +14,8 @@ void RunExport(const GlobalOptions& globals, const ExportArguments& arguments) {
   const ExportFormat& format = FindExportFormat(arguments.format);
   RefuseOtherFormatsOptions(format, arguments.format_options);
   if (format.reads_description && globals.session.libraries.parser && !globals.panel_given) {
-    throw UsageError("a parser of your own, but no --panel, whose description " +
-                     arguments.format + " reads");
+    throw UsageError("a parser of your own, but no --panel, whose description " + arguments.format +
+                     " reads");
   }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
