@@ -84,6 +84,11 @@ inline constexpr const char* kExportHelp =
     "docs/formats.md says what each keeps and loses.";
 
 inline constexpr const char* kReportHelp =
+    "Examples:\n"
+    "  zelctl report -o report.html\n"
+    "  zelctl report srgb display_p3 --color-transform night:3400 -o night.html\n"
+    "  zelctl report srgb --patches srgb.ti1\n"
+    "\n"
     "Shows for each mode, from the blocks that the plug-in returned and the panel's description:\n"
     "gamut and its coverage, CIEDE2000 of 24 ColorChecker patches, 33 greys, primaries and\n"
     "secondaries, error of white, tone curve, and what colour transform, LTM and dimming do to\n"

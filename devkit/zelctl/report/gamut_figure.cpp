@@ -50,6 +50,20 @@ Primaries Adapted(const Primaries& target, const Chromaticity& white) {
   return {column(0), column(1), column(2), white};
 }
 
+// Primaries, secondaries and white, where they were measured.
+bool DrawMeasured(const ModeEvaluation& mode, Diagram diagram, SvgPlot* plot) {
+  bool any = false;
+  for (const PatchResult& result : mode.patches) {
+    const bool corner =
+        result.patch.set == PatchSet::kPrimaries || result.patch.set == PatchSet::kWhite;
+    if (!corner || !result.measured || result.measured->xyz[1] <= 0) continue;
+    const Chromaticity xy = tarn::color::ToChromaticity(result.measured->xyz);
+    plot->Dot("measured", Place(diagram, xy), result.patch.name + ", measured");
+    any = true;
+  }
+  return any;
+}
+
 }  // namespace
 
 std::string GamutFigure(const ModeEvaluation& mode, Diagram diagram) {
@@ -74,6 +88,7 @@ std::string GamutFigure(const ModeEvaluation& mode, Diagram diagram) {
   for (const Chromaticity& point : mode.gamut.shown_white) {
     plot.Dot("shown", Place(diagram, point), "white shown");
   }
+  if (DrawMeasured(mode, diagram, &plot)) legend.push_back({"measured", "measured"});
   plot.Legend(legend);
   const double share = xy ? mode.coverage.xy : mode.coverage.uniform;
   return Figure(name, plot.Finish(),

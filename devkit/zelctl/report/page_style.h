@@ -63,7 +63,7 @@ thead th { color: var(--soft); font-weight: 600; vertical-align: bottom; white-s
 tbody th { position: sticky; left: 0; background: var(--card); font-weight: 600; }
 td i { display: inline-block; width: 14px; height: 14px; margin-right: 6px; border-radius: 3px;
   vertical-align: -2px; border: 1px solid var(--grid); }
-td { vertical-align: top; }
+td, tbody th { vertical-align: top; }
 .wrap { display: block; white-space: normal; min-width: 190px; }
 .mark { color: var(--mark); font-weight: 600; }
 .problems { border-left: 4px solid var(--mark); padding: 8px 14px; background: var(--card); }

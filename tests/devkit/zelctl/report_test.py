@@ -185,6 +185,20 @@ class Figures(Folder):
                 description["panel"]["transfer"] = transfer
             self.check(description, label)
 
+    def test_AtThePanelsDepth(self):
+        printed, _ = self.report(PANELS["lcd-srgb"], "display_p3")  # has 8 bits
+        for part in printed["modes"][0]["sets"].values():
+            self.assertEqual(part["in_gamut_at_panel_depth"], part["in_gamut"])
+        # The native mode gives codes back, to 6 bits here.
+        printed, _ = self.report(PANELS["odd"], "native")
+        panel, target, _, white = self.expected(PANELS["odd"], printed["modes"][0])
+        signal = patches.greys(33) / 255
+        error = difference(lab(target.xyz(signal), white),
+                           lab(panel.shown(np.round(63 * signal) / 63), white))
+        found = printed["modes"][0]["sets"]["greys"]["in_gamut_at_panel_depth"]
+        self.assertAlmostEqual(found["mean"], error.mean(), 2)
+        self.assertAlmostEqual(found["max"], error.max(), 2)
+
     def test_OfColourSteps(self):
         description = PANELS["phone-oled"]
         printed, page = self.report(description, "srgb", "bt2020_hlg", *SETTINGS)
