@@ -164,8 +164,9 @@ void AddExportCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("N");
   command->add_option("--icc-version", format->icc_version, "icc: 2 or 4; default 4")
       ->type_name("VERSION");
-  command->add_flag("--target", format->target,
-                    "ti3: the colours that the mode asks for, in place of\nthose that the panel shows");
+  command->add_flag(
+      "--target", format->target,
+      "ti3: the colours that the mode asks for, in place of\nthose that the panel shows");
   AddRenderOptions(*command, &arguments->options);
   command->footer(kExportHelp);
   command->callback([&globals, arguments] { RunExport(globals, *arguments); });
