@@ -10,6 +10,7 @@ packages=(
   libgcc-s1 libgcc-12-dev gcc-12-base
   libc++1-14 libc++-14-dev libc++abi1-14 libc++abi-14-dev libunwind-14 libunwind-14-dev
   nlohmann-json3-dev libcli11-dev libpng-dev libpng16-16 zlib1g zlib1g-dev
+  liblcms2-dev liblcms2-2
 )
 sysroot=build/arm64-sysroot
 stamp=$sysroot/.complete

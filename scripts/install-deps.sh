@@ -14,6 +14,7 @@ packages=(
   googletest                                  # sources: built against libc++
   nlohmann-json3-dev libcli11-dev             # reference parser, zelctl
   gnuplot-nox fontconfig libpng-dev           # zelctl's pictures
+  liblcms2-dev                                # zelctl's ICC profiles
   libbenchmark-dev                            # bench
   python3-numpy python3-pil                   # the judge of colours in tests
   python3-jsonschema                          # the schema of what zelctl prints
@@ -29,6 +30,8 @@ if [ "${1:-}" = verify ]; then
     golang-github-golang-protobuf-1-3-dev
     android-liblog                            # the platform's own log
     abigail-tools                             # the ABI
+    opencolorio-tools python3-pyopencolorio   # readers of the files that zelctl exports
+    ffmpeg liblcms2-utils argyll
   )
 fi
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "devkit/zelctl/export/export_format.h"
 #include "devkit/zelctl/host_session.h"
 #include "devkit/zelctl/plot/mode_plot.h"
 #include "devkit/zelctl/render_options.h"
@@ -38,6 +39,14 @@ struct PlotArguments {
   RenderOptions options;
 };
 
+struct ExportArguments {
+  std::string mode;
+  std::string format;
+  std::string output;
+  FormatOptions format_options;
+  RenderOptions options;
+};
+
 // At least one of `output`, `patches` and --json; without modes all of them.
 struct ReportArguments {
   std::vector<std::string> modes;
@@ -56,6 +65,7 @@ struct ValidateArguments {
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
+void RunExport(const GlobalOptions& globals, const ExportArguments& arguments);
 void RunReport(const GlobalOptions& globals, const ReportArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);

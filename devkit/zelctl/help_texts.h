@@ -11,6 +11,7 @@ inline constexpr const char* kExamples =
     "  zelctl render srgb --from native --json\n"
     "  zelctl render srgb --image in.png -o out.png\n"
     "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
+    "  zelctl export srgb --format clf -o srgb.clf\n"
     "  zelctl report -o report.html\n"
     "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
@@ -64,6 +65,23 @@ inline constexpr const char* kPlotHelp =
     "curves  the IGC and GC tables\n"
     "pcc     what the PCC block makes of red, green, blue and white: for the mode alone, then\n"
     "        with colour transform, LTM and dimming, as far as they are given";
+
+inline constexpr const char* kExportHelp =
+    "Examples:\n"
+    "  zelctl export srgb --format clf -o srgb.clf\n"
+    "  zelctl export srgb --format cube --size 33 -o srgb.cube\n"
+    "  zelctl export native --format icc -o panel.icc\n"
+    "\n"
+    "clf    Common LUT Format 3: IGC, gamut, PCC and GC block by block, exactly; refused where\n"
+    "       the PCC block has more terms than a matrix with offsets\n"
+    "cube   3D LUT: the same blocks, sampled; the file states what that costs\n"
+    "icc    display profile of the panel itself, matrix and curves; MODE must be one that asks\n"
+    "       for the panel's own colours, as native does, and takes no colour settings\n"
+    "ti3    XYZ of test patches, as ArgyllCMS reads it\n"
+    "csv    tables of the colour blocks, a row for each entry\n"
+    "json   tables of the colour blocks, and all blocks\n"
+    "\n"
+    "docs/formats.md says what each keeps and loses.";
 
 inline constexpr const char* kReportHelp =
     "Examples:\n"

@@ -25,6 +25,8 @@ class BlockPipeline {
   tarn::color::Vec3 Apply(const tarn::color::Vec3& signal) const;
 
   const GammaBlock& Igc() const { return igc_; }
+  const GamutBlock& Gamut() const { return gamut_; }
+  const PccCopy& Pcc() const { return pcc_; }  // empty where light passes
   const GammaBlock& Gc() const { return gc_; }
 
  private:

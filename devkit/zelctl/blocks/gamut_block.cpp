@@ -7,6 +7,7 @@
 
 #include "devkit/reference/gamma_lut.h"
 #include "devkit/zelctl/blocks/block_record.h"
+#include "devkit/zelctl/blocks/tetrahedral.h"
 #include "plugin/names.h"
 
 namespace zelctl {
@@ -25,13 +26,7 @@ bool IsUsable(const GamutLut& lut) {
   });
 }
 
-// Where a component lies on its axis: between two nodes, and how far from the lower.
-struct Place {
-  size_t node = 0;
-  double share = 0;
-};
-
-Place PlaceOf(double light) {
+GridPlace PlaceOf(double light) {
   using tarn::reference::NodeLight;
   constexpr size_t kLast = tarn::reference::kGamutSide - 1;
   const double clipped = std::clamp(light, 0.0, 1.0);
@@ -58,21 +53,11 @@ GamutBlock::GamutBlock(const velaricolor::HwConfigOutputParams& output) {
 
 Vec3 GamutBlock::Apply(const Vec3& light) const {
   if (lut_ == nullptr) return light;
-  const std::array<Place, 3> places = {PlaceOf(light[0]), PlaceOf(light[1]), PlaceOf(light[2])};
-  // From the cell's dark corner to its bright one along its edges, the largest share first.
-  std::array<size_t, 3> order = {0, 1, 2};
-  std::stable_sort(order.begin(), order.end(),
-                   [&](size_t a, size_t b) { return places[a].share > places[b].share; });
-  std::array<size_t, 3> node = {places[0].node, places[1].node, places[2].node};
-  Vec3 codes = {};
-  double before = 1;
-  for (size_t step = 0; step <= 3; ++step) {
-    const double share = step < 3 ? places[order[step]].share : 0;
-    const auto& corner = lut_->nodes[tarn::reference::NodeIndex(node[0], node[1], node[2])];
-    for (size_t i = 0; i < 3; ++i) codes[i] += (before - share) * static_cast<double>(corner[i]);
-    if (step < 3) ++node[order[step]];
-    before = share;
-  }
+  Vec3 codes = InterpolateTetrahedral(
+      {PlaceOf(light[0]), PlaceOf(light[1]), PlaceOf(light[2])},
+      [this](size_t red, size_t green, size_t blue) -> const auto& {
+        return lut_->nodes[tarn::reference::NodeIndex(red, green, blue)];
+      });
   for (double& code : codes) code /= tarn::reference::MaxCode(lut_->bit_depth);
   return codes;
 }

@@ -18,8 +18,11 @@ class GamutBlock {
   // lets it pass.
   tarn::color::Vec3 Apply(const tarn::color::Vec3& light) const;
 
+  // Null where light passes.
+  const tarn::reference::GamutLut* Table() const { return lut_.get(); }
+
  private:
-  std::unique_ptr<const tarn::reference::GamutLut> lut_;  // null where light passes
+  std::unique_ptr<const tarn::reference::GamutLut> lut_;
 };
 
 }  // namespace zelctl

@@ -1,0 +1,40 @@
+#include <iostream>
+
+#include "devkit/zelctl/block_report.h"
+#include "devkit/zelctl/commands.h"
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/mode_selection.h"
+#include "devkit/zelctl/output_file.h"
+#include "devkit/zelctl/rounds.h"
+
+namespace zelctl {
+
+void RunExport(const GlobalOptions& globals, const ExportArguments& arguments) {
+  if (globals.json) throw UsageError("export takes no --json: --format json writes a file");
+  const ExportFormat& format = FindExportFormat(arguments.format);
+  RefuseOtherFormatsOptions(format, arguments.format_options);
+  if (format.reads_description && globals.session.libraries.parser && !globals.panel_given) {
+    throw UsageError("a parser of your own, but no --panel, whose description " + arguments.format +
+                     " reads");
+  }
+  HostSession session(globals.session);
+  const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
+  const size_t mode = SelectMode(list, arguments.mode);
+  ApplySizesAndNotifications(arguments.options, &session);
+  const std::vector<Round> settings = ColorSettings(arguments.options, mode);
+  for (const Round& setting : settings) setting.prepare(&session);
+
+  velaricolor::HwConfigOutputParams output;
+  session.Process(velaricolor::kVcModeRenderIntent, list.modes[mode], &output);
+  const ExportedFile file = format.write(
+      {.panel_path = globals.session.panel,
+       .mode = list.modes[mode],
+       .has_settings = !settings.empty(),
+       .blocks = BlocksJson(output, true),
+       .pipeline = {output, arguments.options.igc.BitDepth(), arguments.options.gc.BitDepth()}},
+      arguments.format_options);
+  WriteOutput(arguments.output, file.bytes);
+  if (!file.warning.empty()) std::cerr << "zelctl: warning: " << file.warning << '\n';
+}
+
+}  // namespace zelctl
