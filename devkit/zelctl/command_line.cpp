@@ -193,8 +193,6 @@ void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* na
   command->callback([&globals, run] { run(globals); });
 }
 
-}  // namespace
-
 // The complaint about a word that nothing takes.
 std::string NotExpected(const CLI::App& app) {
   const CLI::App* command = app.get_subcommands().empty() ? &app : app.get_subcommands().front();
@@ -207,7 +205,8 @@ std::string NotExpected(const CLI::App& app) {
     for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
       known.push_back(one->get_name());
     }
-    return "no command '" + *plain + "'" + DidYouMean(*plain, known);
+    const std::string meant = DidYouMean(*plain, known);
+    return "no command '" + *plain + "'" + (meant.empty() ? "; see zelctl --help" : meant);
   }
   for (const CLI::App* owner : {&app, command}) {
     for (const auto* option : owner->get_options()) {
@@ -220,6 +219,8 @@ std::string NotExpected(const CLI::App& app) {
          (option ? DidYouMean(word.substr(0, word.find('=')), known) : "");
 }
 
+}  // namespace
+
 int RunCommandLine(int argc, char** argv) {
   const Installation installation = FindInstallation();
   GlobalOptions globals;
@@ -230,7 +231,8 @@ int RunCommandLine(int argc, char** argv) {
                "zelctl");
   app.footer(kExamples);
   app.set_version_flag("--version", "zelctl " ZELTARN_VERSION, "Print the version and exit");
-  app.fallthrough();  // global options may follow the subcommand
+  app.fallthrough();             // global options may follow the subcommand
+  app.require_subcommand(0, 1);  // one document, one status
   AddGlobalOptions(app, &globals);
   AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", kModesHelp,
                   RunModes);
