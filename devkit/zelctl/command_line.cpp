@@ -41,6 +41,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
       ->type_name("PATH");
   app.add_option("--panel", globals->session.panel, "Panel description, handed to the plug-in")
       ->take_last()
+      ->each([globals](const std::string&) { globals->panel_given = true; })
       ->type_name("PATH");
   app.add_option("--log-level", globals->session.log_level,
                  "0 errors, 1 start-up too, 2 everything; default: the\n"
@@ -163,6 +164,25 @@ void AddPlotCommand(CLI::App& app, const GlobalOptions& globals) {
   command->callback([&globals, arguments] { RunPlot(globals, *arguments); });
 }
 
+void AddReportCommand(CLI::App& app, const GlobalOptions& globals) {
+  auto arguments = std::make_shared<ReportArguments>();
+  auto* command = app.add_subcommand("report", "Judge the colours of modes, on a page of HTML");
+  command->add_option("MODE", arguments->modes, std::string(kModeHelp) + "; default: all modes")
+      ->type_name("");
+  command->add_option("-o,--output", arguments->output, "The page")->type_name("FILE.html");
+  command
+      ->add_option("--patches", arguments->patches,
+                   "Write the patches of the one MODE, to be measured")
+      ->type_name("FILE.ti1");
+  command
+      ->add_option("--measured", arguments->measured,
+                   "Measurements of the one MODE's patches, to compare with")
+      ->type_name("FILE.ti3");
+  AddRenderOptions(*command, &arguments->options);
+  command->footer(kReportHelp);
+  command->callback([&globals, arguments] { RunReport(globals, *arguments); });
+}
+
 void AddAssetsCommand(CLI::App& app, const GlobalOptions& globals) {
   auto mode = std::make_shared<std::string>();
   auto* command = app.add_subcommand("assets", "Show the software assets of a mode");
@@ -238,6 +258,7 @@ int RunCommandLine(int argc, char** argv) {
                   RunModes);
   AddRenderCommand(app, globals);
   AddPlotCommand(app, globals);
+  AddReportCommand(app, globals);
   AddAssetsCommand(app, globals);
   AddPlainCommand(app, globals, "dither", "Show the global dither configuration", kDitherHelp,
                   RunDither);

@@ -14,6 +14,7 @@ namespace zelctl {
 
 struct GlobalOptions {
   SessionOptions session;
+  bool panel_given = false;  // session.panel is the user's
   bool json = false;
   bool tables = false;                // in JSON: all entries
   bool strict = false;                // a problem makes the run fail
@@ -37,6 +38,15 @@ struct PlotArguments {
   RenderOptions options;
 };
 
+// At least one of `output`, `patches` and --json; without modes all of them.
+struct ReportArguments {
+  std::vector<std::string> modes;
+  std::optional<std::string> output;
+  std::optional<std::string> patches;
+  std::optional<std::string> measured;
+  RenderOptions options;
+};
+
 // Text unset: --panel's.
 struct ValidateArguments {
   std::optional<std::string> arg;
@@ -46,6 +56,7 @@ struct ValidateArguments {
 void RunModes(const GlobalOptions& globals);
 void RunRender(const GlobalOptions& globals, const RenderArguments& arguments);
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments);
+void RunReport(const GlobalOptions& globals, const ReportArguments& arguments);
 void RunAssets(const GlobalOptions& globals, const std::string& mode_text);
 void RunDither(const GlobalOptions& globals);
 void RunCaps(const GlobalOptions& globals);

@@ -11,6 +11,7 @@ inline constexpr const char* kExamples =
     "  zelctl render srgb --from native --json\n"
     "  zelctl render srgb --image in.png -o out.png\n"
     "  zelctl plot srgb --color-transform night:3400 -o srgb.svg\n"
+    "  zelctl report -o report.html\n"
     "  zelctl validate --parser libmy-parser.so --arg my-panel.json\n"
     "  zelctl --panel my-panel.json --log-level 2 assets native\n"
     "\n"
@@ -63,6 +64,21 @@ inline constexpr const char* kPlotHelp =
     "curves  the IGC and GC tables\n"
     "pcc     what the PCC block makes of red, green, blue and white: for the mode alone, then\n"
     "        with colour transform, LTM and dimming, as far as they are given";
+
+inline constexpr const char* kReportHelp =
+    "Examples:\n"
+    "  zelctl report -o report.html\n"
+    "  zelctl report srgb display_p3 --color-transform night:3400 -o night.html\n"
+    "  zelctl report srgb --patches srgb.ti1\n"
+    "\n"
+    "Shows for each mode, from the blocks that the plug-in returned and the panel's description:\n"
+    "gamut and its coverage, CIEDE2000 of 24 ColorChecker patches, 33 greys, primaries and\n"
+    "secondaries, error of white, tone curve, and what colour transform, LTM and dimming do to\n"
+    "white and primaries, as far as they are given. Patches are judged without these three.\n"
+    "--json prints the same figures, with or without a page.\n"
+    "\n"
+    "A meter's program shows the patches of --patches and writes a .ti3 (CGATS text); with\n"
+    "--measured the page compares it with target and prediction.";
 
 inline constexpr const char* kValidateHelp =
     "Examples:\n"

@@ -10,8 +10,6 @@ namespace {
 constexpr Mat3 kBradford = {
     {{0.8951, 0.2664, -0.1614}, {-0.7502, 1.7135, 0.0367}, {0.0389, -0.0685, 1.0296}}};
 
-Vec3 ToXyz(const Chromaticity& c) { return {c.x / c.y, 1, (1 - c.x - c.y) / c.y}; }
-
 // XYZ of the primaries, one per column, each of luminance 1.
 Mat3 PrimaryColumns(const Primaries& p) {
   const Vec3 red = ToXyz(p.red);
@@ -21,6 +19,8 @@ Mat3 PrimaryColumns(const Primaries& p) {
 }
 
 }  // namespace
+
+Vec3 ToXyz(const Chromaticity& c) { return {c.x / c.y, 1, (1 - c.x - c.y) / c.y}; }
 
 double TriangleArea(const Primaries& p) {
   return std::abs((p.green.x - p.red.x) * (p.blue.y - p.red.y) -

@@ -39,6 +39,9 @@ inline constexpr Primaries kDisplayP3 = {kDciP3.red, kDciP3.green, kDciP3.blue, 
 // ITU-R BT.2020, table 3.
 inline constexpr Primaries kBt2020 = {{0.708, 0.292}, {0.170, 0.797}, {0.131, 0.046}, kD65};
 
+// XYZ of a chromaticity whose y isn't 0, at luminance 1.
+Vec3 ToXyz(const Chromaticity& c);
+
 // Twice the area of the triangle of the primaries; near zero when they lie on
 // one line.
 double TriangleArea(const Primaries& p);

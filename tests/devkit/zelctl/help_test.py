@@ -75,6 +75,7 @@ class Help(unittest.TestCase):
             ("zelctl render display", {"display_p3"}),
             ("zelctl render srgb --dim", {"--dimming"}),
             ("zelctl plot srgb --what p", {"pcc"}),
+            ("zelctl report display_p3 --pat", {"--patches"}),
             ("zelctl validate --time", {"--timeout"}),
             ("zelctl render srgb --stri", {"--strict"}),
         ]

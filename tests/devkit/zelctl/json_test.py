@@ -1,6 +1,6 @@
 """What zelctl prints with --json, against the schemas of its page.
 
-From the environment: ZELCTL (words of a command), PAGE, PANELS, FAKE_PLUGIN, BAD_LIBRARIES.
+From the environment: ZELCTL (words of a command), PAGE, REPORT_PAGE, PANELS, FAKE_PLUGIN, BAD_LIBRARIES.
 """
 
 import copy
@@ -162,6 +162,20 @@ class Documents(unittest.TestCase):
                     continue  # as "nan"
                 check = validator({**branch, "$defs": parts})
                 self.assertTrue(any(check.is_valid(value) for value in seen), way)
+
+
+class Report(unittest.TestCase):
+    def test_IsWhatItsPageSays(self):
+        with open(os.environ["REPORT_PAGE"], encoding="utf-8") as page:
+            schema = json.loads(page.read().split("```json")[1].split("```")[0])
+        check = jsonschema.Draft202012Validator(schema)
+        check.check_schema(schema)
+        ended = run("report --dimming 0.5", "")
+        self.assertEqual(ended.returncode, 0)
+        document = read(ended.stdout)
+        check.validate(document)
+        for key in schema["required"]:
+            self.assertFalse(check.is_valid({k: v for k, v in document.items() if k != key}), key)
 
 
 if __name__ == "__main__":

@@ -1,0 +1,23 @@
+// Text files of measurements: the keywords, field names and data of CGATS.17.
+#pragma once
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace zelctl {
+
+// The first table of a file.
+struct CgatsTable {
+  std::string identifier;                       // "CTI3": measurements of a device
+  std::map<std::string, std::string> keywords;  // without those that shape the table
+  std::vector<std::string> fields;              // names of the columns
+  std::vector<std::vector<std::string>> rows;   // as many texts as there are fields
+  std::vector<size_t> lines;                    // of each row's first text
+};
+
+// Throws UsageError with the file and the line. A file may be 16 MiB long. What
+// follows the first table is not looked at.
+CgatsTable ReadCgatsFile(const std::string& path);
+
+}  // namespace zelctl

@@ -1,0 +1,64 @@
+#include "devkit/zelctl/report/measured.h"
+
+#include <algorithm>
+#include <filesystem>
+
+#include "devkit/colorimetry/ciede2000.h"
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/report/device_values.h"
+#include "devkit/zelctl/report/measurement_file.h"
+
+namespace zelctl {
+namespace {
+
+using tarn::color::Vec3;
+using tarn::color::XyzToLab;
+
+Vec3 Scaled(const Vec3& xyz, double factor) {
+  return {factor * xyz[0], factor * xyz[1], factor * xyz[2]};
+}
+
+MeasuredSet Compare(const ModeEvaluation& mode, PatchSet set, double scale) {
+  std::vector<const PatchResult*> results = InSet(mode, set);
+  std::erase_if(results,
+                [](const PatchResult* result) { return !result->reachable || !result->measured; });
+  const auto from = [&](Appearance PatchResult::*reference, double factor) {
+    return Summarize(results, [&, factor](const PatchResult& result) {
+      const Vec3 xyz = Scaled(result.measured->xyz, factor);
+      return Ciede2000((result.*reference).lab, XyzToLab(xyz, mode.reference_white.xyz));
+    });
+  };
+  return {.set = set,
+          .from_target = from(&PatchResult::target, 1),
+          .from_prediction = from(&PatchResult::shown, 1),
+          .from_target_scaled = from(&PatchResult::target, scale),
+          .from_prediction_scaled = from(&PatchResult::shown, scale)};
+}
+
+}  // namespace
+
+MeasuredSummary ReadMeasurements(const std::string& path, ModeEvaluation* mode) {
+  const auto [measurements, unit] = ReadMeasurementFile(path);
+  const auto white = Find(measurements, kFullWhite);
+  if (!white || (*white)[1] <= 0) {
+    throw UsageError(path + ": no measurement of full white (RGB 100 100 100)");
+  }
+  MeasuredSummary summary = {.file = std::filesystem::path(path).filename(),
+                             .absolute = unit.has_value()};
+  summary.predicted_white = FullWhite(*mode).shown.xyz[1];
+  const double factor = unit.value_or(summary.predicted_white / (*white)[1]);
+  summary.measured_white = factor * (*white)[1];
+  for (PatchResult& result : mode->patches) {
+    const auto found = Find(measurements, result.patch.code);
+    ++(found ? summary.found : summary.missing);
+    if (!found) continue;
+    const Vec3 xyz = Scaled(*found, factor);
+    result.measured = {xyz, XyzToLab(xyz, mode->reference_white.xyz)};
+  }
+  for (const PatchSet set : kPatchSets) {
+    summary.sets.push_back(Compare(*mode, set, summary.predicted_white / summary.measured_white));
+  }
+  return summary;
+}
+
+}  // namespace zelctl

@@ -1,0 +1,86 @@
+#include <filesystem>
+#include <iostream>
+
+#include "bridge/tarn_intf.h"
+#include "devkit/reference/panel/panel_error.h"
+#include "devkit/reference/panel/read_panel.h"
+#include "devkit/zelctl/commands.h"
+#include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/input.h"
+#include "devkit/zelctl/installation.h"
+#include "devkit/zelctl/mode_selection.h"
+#include "devkit/zelctl/output_file.h"
+#include "devkit/zelctl/report/mode_report.h"
+#include "devkit/zelctl/report/page.h"
+#include "devkit/zelctl/report/patches_file.h"
+#include "devkit/zelctl/report/report_json.h"
+
+namespace zelctl {
+namespace {
+
+// Another parser's modes are not those of the panel that is used unless one is named.
+void RequireOwnPanel(const GlobalOptions& globals) {
+  if (globals.panel_given) return;
+  const auto reference =
+      std::filesystem::path(FindInstallation().plugin).replace_filename(tarn::kModeParserLibrary);
+  const std::string parser = globals.session.libraries.parser.value_or(
+      FindByName(tarn::kModeParserLibrary, globals.session.plugin));
+  std::error_code ignored;
+  if (std::filesystem::equivalent(parser, reference, ignored)) return;
+  throw UsageError("the mode parser is " + parser +
+                   ": say with --panel which description its panel has, for targets and primaries");
+}
+
+tarn::reference::Panel ReadDescription(const std::string& path) {
+  try {
+    return tarn::reference::ReadPanel(path);
+  } catch (const tarn::reference::PanelError& e) {
+    throw UsageError(e.what());
+  }
+}
+
+void CheckArguments(const GlobalOptions& globals, const ReportArguments& arguments) {
+  if (!arguments.output && !arguments.patches && !globals.json) {
+    throw UsageError("report: where to? Give -o FILE.html, --json or --patches FILE.ti1");
+  }
+  if (arguments.output) RequireEnding(*arguments.output, {".html", ".htm"});
+  if (arguments.patches) RequireEnding(*arguments.patches, {".ti1"});
+  if (arguments.measured) RequireReadable(*arguments.measured, "measurements");
+  if (arguments.modes.size() == 1) return;
+  for (const auto& [given, name] : {std::pair(arguments.patches.has_value(), "--patches"),
+                                    std::pair(arguments.measured.has_value(), "--measured")}) {
+    if (given) throw UsageError(std::string(name) + " takes one MODE: each has patches of its own");
+  }
+}
+
+std::vector<size_t> Places(const velaricolor::ColorModeList& list,
+                           const std::vector<std::string>& modes) {
+  std::vector<size_t> places;
+  for (const std::string& mode : modes) places.push_back(SelectMode(list, mode));
+  if (!modes.empty()) return places;
+  for (size_t i = 0; i < list.modes.size(); ++i) places.push_back(i);
+  return places;
+}
+
+}  // namespace
+
+void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
+  CheckArguments(globals, arguments);
+  RequireOwnPanel(globals);
+  HostSession session(globals.session);
+  Report report = {.panel_file = std::filesystem::path(globals.session.panel).filename(),
+                   .panel = ReadDescription(globals.session.panel)};
+  const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
+  ApplySizesAndNotifications(arguments.options, &session);
+  report.modes =
+      EvaluateModes(report.panel, list, Places(list, arguments.modes), arguments.options, &session);
+  if (arguments.measured) {
+    report.measured = ReadMeasurements(*arguments.measured, &report.modes.front());
+  }
+  report.problems = globals.problems;
+  if (arguments.patches) WriteOutput(*arguments.patches, PatchesFile(report.modes.front()));
+  if (arguments.output) WriteOutput(*arguments.output, ReportPage(report));
+  if (globals.json) PrintJson(ReportJson(report), std::cout);
+}
+
+}  // namespace zelctl
