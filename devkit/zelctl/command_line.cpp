@@ -264,7 +264,8 @@ int RunCommandLine(int argc, char** argv) {
                "zelctl");
   app.footer(kExamples);
   app.set_version_flag("--version", "zelctl " ZELTARN_VERSION, "Print the version and exit");
-  app.fallthrough();  // global options may follow the subcommand
+  app.fallthrough();             // global options may follow the subcommand
+  app.require_subcommand(0, 1);  // one document, one status
   AddGlobalOptions(app, &globals);
   AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", kModesHelp,
                   RunModes);

@@ -49,7 +49,8 @@ std::string UnknownWord(const std::vector<std::string>& words, const KnownWords&
     return "no option '" + word + "'" + DidYouMean(name, known.options);
   }
   if (known.command_given) return "nothing takes '" + word + "'";
-  return "no command '" + word + "'" + DidYouMean(word, known.commands);
+  const std::string meant = DidYouMean(word, known.commands);
+  return "no command '" + word + "'" + (meant.empty() ? "; see zelctl --help" : meant);
 }
 
 }  // namespace zelctl

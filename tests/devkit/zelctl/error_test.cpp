@@ -23,6 +23,8 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
     std::string before = {};
   } cases[] = {
       {"", "which subcommand? See zelctl --help"},
+      {"modes caps", "nothing takes 'caps'"},
+      {"help", "no command 'help'; see zelctl --help"},
       {"modes --panel /nowhere", "can't read panel /nowhere: No such file or directory"},
       {"modes --panel /", "can't read panel /: Is a directory"},
       {"modes --plugin /etc/passwd", "can't load plug-in /etc/passwd: invalid ELF header"},
