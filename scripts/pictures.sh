@@ -3,6 +3,7 @@
 # where the package chromium is there.
 # Usage: scripts/pictures.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 scripts/build.sh release
 zelctl() { build/release/bin/zelctl "$@"; }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A library that ends zelctl while the plug-in calls it does not do so in silence.
 #pragma once
 

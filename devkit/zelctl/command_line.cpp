@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The one file that knows the command-line parser, which takes long to compile.
 #include "devkit/zelctl/command_line.h"
 

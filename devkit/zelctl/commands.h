@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The subcommands. Each but the last drives the plug-in, prints what it answers, and
 // throws UsageError or CallError.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Reading what the user typed. Everything here throws UsageError.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Objects that stand between the plug-in and a library's own, hand every call on, and
 // note what the host will not get whole.
 #pragma once

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/ltm_file.h"
 
 #include "devkit/reference/panel/json_file.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // zelctl: drives the plug-in from the command line, as a display service would.
 #include <algorithm>
 #include <exception>

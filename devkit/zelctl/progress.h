@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // How far a long piece of work has come, for whoever waits at a terminal.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A picture sent through the blocks of a mode.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The two run-time libraries as the plug-in gets them under zelctl: the files that the
 // user names, and with a listener between, which notes what they answer. The plug-in is
 // left as it is: it calls this program's dlopen.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Standard input, output and error.
 #pragma once
 

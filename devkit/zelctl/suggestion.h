@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What a mistyped word may have meant.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The formats that a mode can be written in. Each has a file of its own here.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The picture of a mode: its plots laid out on one page.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Text files of measurements: the keywords, field names and data of CGATS.17.
 #pragma once
 

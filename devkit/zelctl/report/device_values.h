@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Content codes as a meter's program knows them.
 #pragma once
 

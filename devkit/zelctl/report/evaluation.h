@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode judged: what its target asks for, and what the panel shows of it.
 #pragma once
 

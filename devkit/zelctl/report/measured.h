@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Measurements of a mode's patches.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A file of measurements as a meter's program writes it.
 #pragma once
 

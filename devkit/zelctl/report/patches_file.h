@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The list of patches that a meter's program shows and measures.
 #pragma once
 

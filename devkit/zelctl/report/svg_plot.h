@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A plot as inline SVG: a frame with axes, and what is drawn in it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Which C++ standard library a library was linked to.
 #pragma once
 

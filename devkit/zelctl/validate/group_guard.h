@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A process group that ends with zelctl.
 #pragma once
 

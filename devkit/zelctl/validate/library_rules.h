@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What both libraries have in common: opening, starting and ending them as the
 // plug-in does.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A rule of `validate`, and running a list of them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A process of its own for the rules of a library: what kills, stops or ends it leaves
 // zelctl standing.
 #pragma once

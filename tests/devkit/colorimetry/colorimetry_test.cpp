@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Colour differences and gamuts against published figures.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode parser and an algorithm library in one, for the tests of zelctl validate:
 // without a fault, but for the one that the environment variable FAULT names.
 #include <dlfcn.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the subcommands print, and what they ask of a plug-in.
 #include <gtest/gtest.h>
 

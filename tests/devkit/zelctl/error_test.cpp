@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Wrong input and failed calls: one line, the exit status, no file touched.
 #include <gtest/gtest.h>
 

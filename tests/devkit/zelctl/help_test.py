@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Help, man page and completion: each says what the others say, and every example runs.
 
 In the environment: ZELCTL, the program; SOURCE, the tree; LIBRARY, a mode parser; VERSION.

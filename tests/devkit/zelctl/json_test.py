@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What zelctl prints with --json, against the schemas of its page.
 
 From the environment: ZELCTL (words of a command), PAGE, REPORT_PAGE, PANELS, FAKE_PLUGIN, BAD_LIBRARIES.

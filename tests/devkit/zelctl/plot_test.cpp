@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plots of a mode.
 #include <gtest/gtest.h>
 

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """The report's own figures, against pictures that go through `zelctl render --image`.
 
 In the environment: ZELCTL, the program; PANELS, the folder of the sample panels; PARSER, a

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Somebody's own libraries: the ones that --parser and --algo name, and answers of theirs
 // that a host does not get whole.
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // zelctl validate with the reference libraries, and with libraries that have one fault.
 #include <gtest/gtest.h>
 #include <unistd.h>

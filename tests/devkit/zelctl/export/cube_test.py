@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """.cube files, as OpenColorIO and ffmpeg read them, against the blocks themselves."""
 import re
 import subprocess

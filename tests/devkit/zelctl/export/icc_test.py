@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """ICC profiles, as Little CMS and ArgyllCMS read them, against the panel's description."""
 import copy
 import subprocess

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Patches as CGATS, as ArgyllCMS's colverify compares them, against the report's figures."""
 import copy
 import json
