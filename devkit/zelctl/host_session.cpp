@@ -176,8 +176,8 @@ void HostSession::Process(velaricolor::VcOps op, const velaricolor::ColorMode& m
   TellProblems();
   Check("ProcessOps(" + std::string(Name(op)) + ")", code);
   for (const auto& payload : out->payloads) {
-    if (HoldsNoNumber(payload))
-      Tell("block " + payload.hw_block + " holds a number that is not finite");
+    if (!HoldsNoNumber(payload)) continue;
+    Tell("block " + payload.hw_block + " holds a number that is not finite");
   }
 }
 

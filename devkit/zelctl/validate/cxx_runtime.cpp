@@ -15,7 +15,8 @@ std::string ForeignCxxRuntime(const std::string& file) {
   if (library == nullptr || dlinfo(library.get(), RTLD_DI_LINKMAP, &map) != 0) return "";
   const char* names = nullptr;
   for (const ElfW(Dyn)* entry = map->l_ld; entry->d_tag != DT_NULL; ++entry) {
-    if (entry->d_tag == DT_STRTAB) names = reinterpret_cast<const char*>(entry->d_un.d_ptr);
+    if (entry->d_tag != DT_STRTAB) continue;
+    names = reinterpret_cast<const char*>(entry->d_un.d_ptr);  // NOLINT(performance-no-int-to-ptr)
   }
   for (const ElfW(Dyn)* entry = map->l_ld; names != nullptr && entry->d_tag != DT_NULL; ++entry) {
     if (entry->d_tag != DT_NEEDED) continue;

@@ -89,8 +89,9 @@ RuleProcess::RuleProcess(const std::function<void(RuleChannel*)>& rules) {
   std::cerr.flush();
   const pid_t parent = getpid();
   child_ = fork();
-  if (child_ < 0)
+  if (child_ < 0) {
     throw std::runtime_error("can't make a process: " + std::string(std::strerror(errno)));
+  }
   if (child_ == 0) {
     SetUpChild(parent, printed);
     RuleChannel channel(frames);
