@@ -56,7 +56,8 @@ class LibraryListener : public Interface {
     } catch (...) {
       notes_->problems.push_back(place);
     }
-    throw std::runtime_error(notes_->problems.back());
+    const std::string problem = notes_->problems.back();
+    throw std::runtime_error(problem);
   }
 
   static std::string Of() { return std::string(" of the ") + kRole; }
