@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
 
@@ -57,6 +58,7 @@ void CheckArguments(const GlobalOptions& globals, const ReportArguments& argumen
 std::vector<size_t> Places(const velaricolor::ColorModeList& list,
                            const std::vector<std::string>& modes) {
   std::vector<size_t> places;
+  places.reserve(std::max(modes.size(), list.modes.size()));
   for (const std::string& mode : modes) places.push_back(SelectMode(list, mode));
   if (!modes.empty()) return places;
   for (size_t i = 0; i < list.modes.size(); ++i) places.push_back(i);

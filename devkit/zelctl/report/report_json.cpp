@@ -45,8 +45,9 @@ Json SetsJson(const ModeEvaluation& mode) {
   Json sets;
   for (const SetSummary& summary : mode.summaries) {
     Json patches = Json::array();
-    for (const PatchResult* result : InSet(mode, summary.set))
+    for (const PatchResult* result : InSet(mode, summary.set)) {
       patches.push_back(PatchJson(*result));
+    }
     sets[SetKey(summary.set)] = {
         {"in_gamut", DifferencesJson(summary.reachable)},
         {"out_of_gamut", DifferencesJson(summary.unreachable)},

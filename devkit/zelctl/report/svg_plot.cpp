@@ -102,13 +102,14 @@ void SvgPlot::Legend(const std::vector<LegendEntry>& entries) {
   constexpr double kColumn = kWidth / kColumns;
   for (size_t i = 0; i < entries.size(); ++i) {
     const double x = kLeft + kColumn * static_cast<double>(i % kColumns);
-    const double y =
-        kTop + height_ + kBottom + kLegendRow * (static_cast<double>(i / kColumns) + 0.5);
+    const size_t row = i / kColumns;
+    const double y = kTop + height_ + kBottom + kLegendRow * (static_cast<double>(row) + 0.5);
     legend_ << "<path class=\"line " << entries[i].style << "\" d=\"M" << Px(x) << ' ' << Px(y)
             << "h18\"/><text class=\"small\" x=\"" << Px(x + 24) << "\" y=\"" << Px(y + 4) << "\">"
             << Escaped(entries[i].text) << "</text>\n";
   }
-  legend_height_ = kLegendRow * static_cast<double>((entries.size() + 1) / kColumns);
+  const size_t rows = (entries.size() + 1) / kColumns;
+  legend_height_ = kLegendRow * static_cast<double>(rows);
 }
 
 std::string SvgPlot::Axes() const {
