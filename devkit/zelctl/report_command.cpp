@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <numeric>
 
 #include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
@@ -57,11 +58,13 @@ void CheckArguments(const GlobalOptions& globals, const ReportArguments& argumen
 
 std::vector<size_t> Places(const velaricolor::ColorModeList& list,
                            const std::vector<std::string>& modes) {
-  std::vector<size_t> places;
-  places.reserve(std::max(modes.size(), list.modes.size()));
-  for (const std::string& mode : modes) places.push_back(SelectMode(list, mode));
-  if (!modes.empty()) return places;
-  for (size_t i = 0; i < list.modes.size(); ++i) places.push_back(i);
+  std::vector<size_t> places(modes.empty() ? list.modes.size() : modes.size());
+  if (modes.empty()) {
+    std::iota(places.begin(), places.end(), size_t{0});
+  } else {
+    std::transform(modes.begin(), modes.end(), places.begin(),
+                   [&](const std::string& mode) { return SelectMode(list, mode); });
+  }
   return places;
 }
 
