@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <iostream>
 #include <numeric>
+#include <set>
 
 #include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
@@ -64,6 +65,12 @@ std::vector<size_t> Places(const velaricolor::ColorModeList& list,
   } else {
     std::transform(modes.begin(), modes.end(), places.begin(),
                    [&](const std::string& mode) { return SelectMode(list, mode); });
+    std::set<size_t> seen;
+    for (const size_t place : places) {
+      if (!seen.insert(place).second) {
+        throw UsageError("mode " + ModeTitle(list, place) + " is named twice");
+      }
+    }
   }
   return places;
 }

@@ -24,12 +24,17 @@ std::vector<PlotPoint> Triangle(Diagram diagram, const Primaries& p) {
 }
 
 void DrawLocus(Diagram diagram, SvgPlot* plot) {
-  constexpr std::array<int, 7> kLabelled = {460, 480, 500, 520, 560, 600, 700};
   std::vector<PlotPoint> locus;
+  for (const auto& color : kSpectralLocus) locus.push_back(Place(diagram, color.xy));
+  locus.push_back(locus.front());
+  plot->Line("locus", locus);
+}
+
+void DrawWavelengths(Diagram diagram, SvgPlot* plot) {
+  constexpr std::array<int, 7> kLabelled = {460, 480, 500, 520, 560, 600, 700};
   const PlotPoint middle = Place(diagram, tarn::color::kD65);
   for (const auto& [nanometres, xy] : kSpectralLocus) {
     const PlotPoint at = Place(diagram, xy);
-    locus.push_back(at);
     for (const int label : kLabelled) {
       constexpr double kInwards = 0.12;  // of the way to white, so that it stays in the frame
       if (label != nanometres) continue;
@@ -37,8 +42,6 @@ void DrawLocus(Diagram diagram, SvgPlot* plot) {
                  std::to_string(label));
     }
   }
-  locus.push_back(locus.front());
-  plot->Line("locus", locus);
 }
 
 // Where the target's primaries go with its white: SMPTE RP 177, then Bradford.
@@ -85,6 +88,7 @@ std::string GamutFigure(const ModeEvaluation& mode, Diagram diagram) {
     plot.Line("adapted", Triangle(diagram, Adapted(mode.gamut.target, white)));
     legend.push_back({"adapted", "target, adapted"});
   }
+  DrawWavelengths(diagram, &plot);  // over the outlines, below the marks
   plot.Cross("target", Place(diagram, mode.gamut.target.white));
   for (const Chromaticity& point : mode.gamut.shown_white) {
     plot.Dot("shown", Place(diagram, point), "white shown");

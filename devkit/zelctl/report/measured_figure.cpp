@@ -34,7 +34,8 @@ std::string MeasuredFigure(const ModeEvaluation& mode, PatchSet set) {
     }
     left += 1;
   }
-  plot.Legend({{"target", "from the target"}, {"shown", "from the prediction"}});
+  plot.Legend({{"target", "from the target", LegendKey::kBar},
+               {"shown", "from the prediction", LegendKey::kBar}});
   return Figure(name, plot.Finish(), kDifferenceSource);
 }
 

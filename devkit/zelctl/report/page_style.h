@@ -35,6 +35,7 @@ figure > svg { display: block; width: 100%; max-width: 460px; height: auto; marg
 figcaption { color: var(--soft); font-size: 0.78rem; line-height: 1.4; margin-top: 6px; }
 svg { font-size: 11.5px; fill: var(--ink); }
 svg .small { font-size: 11px; }
+svg .label { paint-order: stroke; stroke: var(--card); stroke-width: 3px; stroke-linejoin: round; }
 .grid { stroke: var(--grid); fill: none; }
 .line { fill: none; stroke-width: 2; stroke: var(--ink); stroke-linejoin: round; }
 .dot { stroke: var(--card); stroke-width: 1; }
@@ -46,7 +47,6 @@ svg .small { font-size: 11px; }
 .line.locus { stroke: var(--soft); stroke-width: 1; }
 .line.red { stroke: var(--red); } .line.green { stroke: var(--green); }
 .line.blue { stroke: var(--blue); }
-.line.unreachable { stroke: var(--soft); stroke-width: 7; stroke-dasharray: 2 2; }
 .shown-area { fill: var(--shown); fill-opacity: 0.14; }
 .dot.shown, .bar.shown { fill: var(--shown); } .dot.target, .bar.target { fill: var(--target); }
 .dot.measured { fill: var(--measured); } .dot.ink, .bar.ink { fill: var(--ink); }

@@ -384,6 +384,7 @@ class Arguments(Folder):
                 (["report", "0", "1", "--json", "--measured", panel], "--measured takes one MODE"),
                 (["report", "0", "--json", "--measured", "/nowhere"], "can't read measurements"),
                 (["report", "nothing", "--json"], "no mode 'nothing'"),
+                (["report", "srgb", "0", "1", "--json"], "mode 1 srgb (1:1:0) is named twice"),
                 (["--parser", parser, "report", "--json"], "say with --panel"),
                 (["--panel", panel, "--parser", parser, "report", "--json"], "has no mode")):
             with self.subTest(arguments=arguments):
