@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plain C boundary between the benchmark program, which is built with
 // Debian's benchmark library and so with that library's standard library, and
 // the measured code, which is built with libc++. Nothing of either crosses it.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Finding a run-time library's factory.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Everything that the author of a mode parser or of an algorithm library includes: both
 // interfaces with their factories, the envelope, the ids that the plug-in sends, and
 // every record on the libraries' side. All of it is in namespace tarn, but for the block

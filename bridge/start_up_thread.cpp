@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The thread "zel_mode_parser", which exists only while Init waits for it.
 
 #include <sched.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The two run-time libraries as the plug-in sees them. Written for their
 // authors too: implement one of the two interfaces and export its factory.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Ids of the properties and operations that the plug-in sends to the run-time
 // libraries. They are not the host's ids, although some numbers coincide.
 #pragma once

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # What every target of the project is built with, as the interface target
 # zel_options, and the helper that hides a library's symbols.
 include(CheckCXXSourceCompiles)

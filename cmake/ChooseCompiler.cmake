@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # The boundary records depend on libc++, so clang++ is picked unless the caller
 # names a compiler. Included before project(). A project around this one has chosen
 # for both.

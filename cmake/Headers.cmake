@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # The public headers, for those outside: zeltarn::host for authors of a host,
 # zeltarn::library for authors of a run-time library. A file of this list includes files
 # of this list only.

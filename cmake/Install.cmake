@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # What `cmake --install` installs, by component:
 #   plugin       what ships on a device
 #   development  headers, CMake package, pkg-config file, guides and examples

@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # On a device, liblog and libcutils are the platform's; elsewhere devkit/platform
 # takes their place under the same file names, headers and symbols.
 if(ANDROID)

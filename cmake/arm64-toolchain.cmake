@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # Cross-builds for 64-bit Arm against the packages that scripts/arm64-sysroot.sh
 # unpacks, and runs the programs under emulation.
 set(CMAKE_SYSTEM_NAME Linux)

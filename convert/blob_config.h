@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Typed records of the opaque blocks: "PostBlendHdrBlob" and
 // "PostBlendGameBlob". A blob may hold any bytes, zeros included; its length is
 // the string's size.

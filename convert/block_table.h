@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The hardware blocks that reach the host: each name with its typed record. Whoever
 // needs all of them walks this table; tests spell them out a second time.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The contract that all block converters share, once. A converter adds its
 // record and its copy; the two gamma converters a precondition too.
 #pragma once

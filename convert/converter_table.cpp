@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "plugin/block_names.h"
 #include "plugin/zel_tarn_impl.h"
 

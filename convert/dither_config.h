@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Typed records of "PostBlendDither" and "PostBlendPaDither" (the dither stage
 // of picture adjustment).
 #pragma once

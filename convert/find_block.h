@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Finding a hardware block in a host's list.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Typed records of the colour-volume blocks: "PostBlendGamut", "PostBlendIGC"
 // and "PostBlendGC".
 #pragma once

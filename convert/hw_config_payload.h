@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // One hardware block's configuration, as it travels in a list.
 #pragma once
 

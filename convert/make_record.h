@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Making a typed record that is about to be filled.
 #pragma once
 

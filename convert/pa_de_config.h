@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Typed records of the picture blocks: "PostBlendPa" (picture adjustment) and
 // "PostBlendDE" (detail enhancement). The plug-in carries their values without
 // interpreting them.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "convert/converter.h"
 #include "convert/pa_de_config.h"
 #include "pcc/pcc_config.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Hardware blocks as plain data: what the fake parser answers with, what a host
 // puts into its lists, and what the model expects there.
 #pragma once

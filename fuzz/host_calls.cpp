@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Sequences of host calls, and the libraries' answers, against the model.
 
 #include "fuzz/model.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A fuzzer's input, read from front to back. After its end every byte is 0, which
 // all readings take for the ordinary case.
 #pragma once

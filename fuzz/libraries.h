@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The two run-time libraries, as the input scripts them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A log that formats every line and shows none.
 #include <android/log.h>
 #include <cutils/properties.h>

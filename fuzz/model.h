@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the plug-in promises its host, written down a second time, as plainly as
 // can be: results, settings, and what a list holds after a call.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Panel descriptions, through the reference mode parser: each is refused or
 // taken, and what is taken answers for its modes.
 

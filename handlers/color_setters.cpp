@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Colour settings of the host; the next render intent folds them into the PCC
 // block.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The host's colour transform, record of kVcColorTransform.
 #pragma once
 

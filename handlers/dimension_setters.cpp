@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The host's dimensions of the gamut, gamma and inverse-gamma tables: kept for
 // the converters and passed on to the mode parser.
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "interface/payload.h"
 #include "plugin/checks.h"
 #include "plugin/log.h"

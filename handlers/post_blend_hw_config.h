@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Dimensions of a hardware block's look-up table.
 #pragma once
 

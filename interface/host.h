@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Everything that the author of a host includes: the plug-in's interface, the envelope,
 // ids and result codes, the names of hardware blocks, and every record on the host's
 // side. All of it is in namespace velaricolor, but for what both sides share: that is in

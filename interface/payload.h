@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The envelope of every call: VcPayload between host and plug-in, TarnPayload
 // between plug-in and libraries.
 #pragma once

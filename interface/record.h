@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // One definition, two types.
 //
 // Most boundary records cross both boundaries, in either direction: between the

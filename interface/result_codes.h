@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Result codes of every call across the plug-in's boundaries: 0 or a negative
 // errno value. A library's own non-zero code is passed on unchanged where the
 // call's documentation says so.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Ids of the properties and operations that the host may send.
 #pragma once
 

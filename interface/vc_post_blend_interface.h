@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plug-in as the host sees it: one exported factory and one object.
 //
 // A host opens libzeltarn.so, asks GetVcPostBlendInterface for an object, calls

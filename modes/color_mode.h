@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The colour modes that a panel offers.
 #pragma once
 

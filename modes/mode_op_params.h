@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The records of the two mode operations.
 #pragma once
 

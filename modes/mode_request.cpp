@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the two mode operations share: checking the records and asking the parser.
 
 #include <sys/types.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Conversion of the mode operations' records between the two namespaces.
 
 #include <algorithm>

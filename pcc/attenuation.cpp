@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "pcc/pcc_arithmetic.h"
 #include "pcc/pcc_block.h"
 #include "plugin/log.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Folding a transform into the PCC block: the block's matrix applies first, the
 // transform to its result.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Arithmetic on PCC matrices, in double precision. Every product rounds on its
 // own (the build forbids contraction) and sums are formed in the order written,
 // so that results are bit-equal on every machine, but for which NaN comes out where

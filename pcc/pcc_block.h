@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The "PostBlendPCC" block of a host's output list.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The polynomial colour-correction (PCC) block, "PostBlendPCC".
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The records of the algorithm library's merge, kZelPccMerge.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Names of hardware blocks, by which a configuration says what it configures. Shared
 // with the host and the mode parser and compared exactly, letter case included. Code
 // uses these constants, never a literal of its own.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Tests that envelopes and records pass before a handler uses them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The three entry points: lock, check, look the id up, hand over.
 
 #include "plugin/log.h"

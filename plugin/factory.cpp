@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "interface/vc_post_blend_interface.h"
 #include "plugin/log.h"
 #include "plugin/zel_tarn_impl.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Every log line of the plug-in: tag "PXL", class name, function and source line
 // in front of the message. Formats are checked against their arguments at
 // compile time.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The vocabulary shared with the host and the mode parser: names of hardware blocks,
 // keys and values of colour-mode attributes. Compared exactly, letter case included.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Searching a dispatch table that is mostly asked for the same key again.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Comparing names, which a mode switch does for every block it finds.
 #pragma once
 

@@ -4,6 +4,7 @@
 # Usage: scripts/abi.sh [--update]
 #   --update   writes what is now to tests/abi/boundary.abi, to be reviewed and committed
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 case "$*" in
   "" | --update) ;;

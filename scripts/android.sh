@@ -4,6 +4,7 @@
 # for the NDK, and both must build the same in the same way.
 # Usage: scripts/android.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 scripts/install-deps.sh verify
 scripts/arm64-sysroot.sh

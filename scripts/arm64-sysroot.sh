@@ -4,6 +4,7 @@
 # the devkit uses, from Debian's own arm64 packages. The machine's package lists stay as they are.
 # Usage: scripts/arm64-sysroot.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 packages=(
   libc6 libc6-dev linux-libc-dev libcrypt1 libcrypt-dev

@@ -3,6 +3,7 @@
 # Usage: scripts/bench.sh [--check] [Google Benchmark option ...]
 #   --check   compares with the targets, and fails where one is missed
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 scripts/build.sh release
 bench=build/release/bench

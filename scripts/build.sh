@@ -4,6 +4,7 @@
 #   PRESET   release (default), asan, tsan, arm64, fuzz or coverage; builds into build/PRESET
 # ZELTARN_NO_INSTALL=1 in the environment: only says what is missing, see install-deps.sh.
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 build() {
   local preset=$1 log

@@ -3,6 +3,7 @@
 # lines that no test runs.
 # Usage: scripts/coverage.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 scripts/build.sh coverage
 build=build/coverage

@@ -2,6 +2,7 @@
 # Builds what is missing, and switches the colour modes of the sample panel.
 # Usage: scripts/demo.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 # Shows a command and its output; of the log, only errors.
 show() {

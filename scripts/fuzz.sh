@@ -5,6 +5,7 @@
 # Usage: scripts/fuzz.sh [SECONDS]
 #   SECONDS   for all targets, host calls beside the others; default 60
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 seconds=${1:-60}
 build=build/fuzz

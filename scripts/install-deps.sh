@@ -6,6 +6,7 @@
 # ZELTARN_NO_INSTALL=1 in the environment: says what is missing, installs nothing, and
 # fails where something is.
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 packages=(
   clang clang-format clang-tidy llvm          # compiler, gates, binary tools

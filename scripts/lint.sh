@@ -2,6 +2,7 @@
 # The gates on form: clang-format and clang-tidy, both without a finding.
 # Usage: scripts/lint.sh
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 scripts/build.sh release
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror

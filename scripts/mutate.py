@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Puts each fault of tests/mutations/mutations.txt into a copy of the tree, builds
 it, and says which test catches it, or the fuzzer (preset "fuzz"). Fails where one
 goes unnoticed.

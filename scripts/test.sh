@@ -3,6 +3,7 @@
 # Usage: scripts/test.sh [PRESET] [CTEST OPTION ...]
 #   PRESET   release (default), asan, tsan, arm64 or coverage
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 preset=${1:-release}
 shift || true

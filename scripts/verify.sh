@@ -5,6 +5,7 @@
 # Usage: scripts/verify.sh
 # ZEL_FUZZ_SECONDS in the environment: how long to fuzz, default 60.
 source "$(dirname "$0")/prelude.sh"
+# SPDX-License-Identifier: Apache-2.0
 
 set +e  # a failing step is noted, and the next one runs
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // An algorithm library that answers at once: the transform itself.
 
 #include "bridge/tarn_intf.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode parser that does nothing but hand out records built beforehand.
 
 #include "bench/subject/allocation_count.h"

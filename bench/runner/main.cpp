@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Runs the pairs under Google Benchmark, repetitions in random order, and prints
 // each figure beside its floor. Subject and floor alternate within a repetition,
 // so that both see the same machine.

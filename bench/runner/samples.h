@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What was measured of each pair, and the table made of it.
 #pragma once
 

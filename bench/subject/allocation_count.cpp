@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "bench/subject/allocation_count.h"
 
 #include <cstdlib>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Counts the heap allocations of the code under test.
 #pragma once
 

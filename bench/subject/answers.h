@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the benchmark's mode parser hands out: records built beforehand.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The PCC arithmetic against the same loops on plain arrays.
 
 #include "pcc/pcc_arithmetic.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The physical floor of a conversion: its bytes, moved.
 #pragma once
 

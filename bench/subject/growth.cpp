@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // How cost grows with what a parser or host may make large. The floor does the
 // same amount of bare work, so a ratio that stays flat means linear growth.
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Mode switches, software assets and the dither configuration.
 
 #include <memory>

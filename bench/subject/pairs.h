@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The measured pairs, by subject.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Property calls: alone, with other host threads, and the mode list.
 
 #include <mutex>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plug-in under measurement, loaded and initialised as a host does.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Init and destruction against what they can't do without: opening both
 // libraries, and a thread that is started, waited for and joined.
 

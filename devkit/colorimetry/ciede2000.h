@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The CIEDE2000 colour difference.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // How much of one gamut another one has.
 #pragma once
 

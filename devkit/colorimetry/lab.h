@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // CIE 1976 L*a*b*, and the chromaticities of a tristimulus value.
 //
 // XYZ is of the CIE 1931 2 degree observer, in any unit: L*a*b* needs the white in

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Writes the sample picture: a colour wheel, ramps, greys and patches.
 
 Usage: make_sample.py OUT.png

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <android/log.h>
 #include <sys/time.h>
 #include <sys/types.h>

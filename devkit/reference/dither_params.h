@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Inner layouts of the "PostBlendDither" parameters and the "PostBlendPaDither"
 // words. Shared by the mode parser, which fills them, and by whoever shows them.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The test of an envelope that the plug-in sends.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the entries of the "PostBlendIGC" and "PostBlendGC" tables mean. Shared
 // by the mode parser, which fills them, and by whoever looks signals up in them.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Inner layout of the "PostBlendGamut" table, GamutPostBlendConfig::lut_data.
 // Shared by the mode parser, which fills it, and by whoever looks colours up.
 //

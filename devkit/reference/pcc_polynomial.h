@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The polynomials of the PCC block: the order of their terms, their value for a
 // colour, and their composition.
 //

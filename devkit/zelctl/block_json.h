@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The contents of hardware blocks as JSON, from which the tables are made too.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The blocks of an answer, as a table and as JSON.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/color_transform.h"
 
 #include <map>
@@ -7,6 +8,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
 #include "devkit/zelctl/night_light.h"
+#include "devkit/zelctl/suggestion.h"
 
 namespace zelctl {
 namespace {
@@ -37,6 +39,7 @@ ColorTransformMatrix Grayscale() {
 ColorTransformMatrix Inversion() { return Transform(tarn::color::Diagonal({-1, -1, -1}), 1); }
 
 ColorTransformMatrix ParseNight(const std::string& text) {
+  if (text.empty()) throw UsageError("night light takes 1667 to 25000 kelvin, as night:3400");
   const double kelvin = ParseNumber(text);
   if (kelvin < kMinKelvin || kelvin > kMaxKelvin) {
     throw UsageError("night light takes 1667 to 25000 kelvin, not " + text);
@@ -48,7 +51,8 @@ ColorTransformMatrix ParseMatrix(const std::string& text) {
   const std::vector<std::string> numbers = Split(text, ", \t");
   ColorTransformMatrix transform;
   if (numbers.size() != transform.matrix.size()) {
-    throw UsageError("'" + text + "' is neither the name of a colour transform nor 16 numbers");
+    throw UsageError("a matrix takes 16 numbers, not " + std::to_string(numbers.size()) + ": '" +
+                     text + "'");
   }
   for (size_t i = 0; i < numbers.size(); ++i) transform.matrix[i] = ParseFloat(numbers[i]);
   return transform;
@@ -67,7 +71,15 @@ ColorTransformMatrix ParseColorTransform(const std::string& text) {
   };
   if (const auto found = named.find(text); found != named.end()) return found->second;
   if (text.rfind(kNightPrefix, 0) == 0) return ParseNight(text.substr(6));
-  return ParseMatrix(text);
+  if (text.find_first_of("0123456789+-.") == 0 || text.find(',') != std::string::npos) {
+    return ParseMatrix(text);
+  }
+  std::vector<std::string> names = {"night:KELVIN"};
+  for (const auto& [name, transform] : named) names.push_back(name);
+  std::string all;
+  for (const auto& name : names) all += name + ", ";
+  throw UsageError("no colour transform '" + text + "'; there are " + all + "and 16 numbers" +
+                   DidYouMean(text, names));
 }
 
 }  // namespace zelctl

@@ -1,10 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The one file that knows the command-line parser, which takes long to compile.
 #include "devkit/zelctl/command_line.h"
 
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
-#include <algorithm>
 #include <iostream>
 #include <map>
 #include <memory>
@@ -22,6 +23,19 @@
 namespace zelctl {
 namespace {
 
+// As decimal: the command line's library takes 010 for 8.
+CLI::Validator WholeNumber(uint32_t low, uint32_t high) {
+  const auto check = [low, high](std::string& text) -> std::string {
+    try {
+      text = std::to_string(ParseWholeNumber(text, low, high));
+    } catch (const UsageError& e) {
+      return e.what();
+    }
+    return "";
+  };
+  return {check, ""};
+}
+
 void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_option("--plugin", globals->session.plugin, "The plug-in's library")
       ->take_last()
@@ -33,7 +47,7 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_option("--log-level", globals->session.log_level,
                  "0 errors, 1 start-up too, 2 everything; default: the\n"
                  "environment's vendor.display.zelloglevel, or else 0")
-      ->check(CLI::Range(0, 2).description(""))
+      ->check(WholeNumber(0, 2))
       ->type_name("LEVEL");
   app.add_option("--parser", globals->session.libraries.parser,
                  "The mode parser; default: as the plug-in finds it by name")
@@ -46,8 +60,9 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
   app.add_flag("--strict", globals->strict,
                "Fail where the host would not get an answer whole: a failed\n"
                "parser, a block that does not arrive, a number that is none");
-  app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
-  app.add_flag("--tables", globals->tables, "With --json: tables and opaque bytes in full");
+  auto* json = app.add_flag("--json", globals->json, "Print JSON instead of tables; not for plot");
+  app.add_flag("--tables", globals->tables, "With --json: tables and opaque bytes in full")
+      ->needs(json);
   globals->session.problems = &globals->problems;
 }
 
@@ -74,11 +89,12 @@ void AddTableSize(CLI::App& command, TableSize* size) {
   command
       .add_option(option + "-entries", size->entries,
                   "Entries of the table; default " + std::to_string(size->usual.num_of_entries))
-      ->check(CLI::Range(uint32_t{1}, size->max_entries).description(""))
+      ->check(WholeNumber(1, size->max_entries))
       ->type_name("N");
   command
       .add_option(option + "-bits", size->bits,
                   "Bit depth of an entry; default " + std::to_string(size->usual.bit_depth))
+      ->check(WholeNumber(0, UINT32_MAX))
       ->type_name("N");
 }
 
@@ -106,7 +122,7 @@ void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
   auto* repeat = command
                      ->add_option("--repeat", arguments->repeat,
                                   "Pass the same output record N times, as a host does")
-                     ->check(CLI::Range(1U, 1000U).description(""))
+                     ->check(WholeNumber(1, 1000))
                      ->type_name("N");
   command
       ->add_flag("--steps", arguments->steps,
@@ -164,8 +180,9 @@ void AddExportCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("N");
   command->add_option("--icc-version", format->icc_version, "icc: 2 or 4; default 4")
       ->type_name("VERSION");
-  command->add_flag("--target", format->target,
-                    "ti3: the colours that the mode asks for, in place of\nthose that the panel shows");
+  command->add_flag(
+      "--target", format->target,
+      "ti3: the colours that the mode asks for, in place of\nthose that the panel shows");
   AddRenderOptions(*command, &arguments->options);
   command->footer(kExportHelp);
   command->callback([&globals, arguments] { RunExport(globals, *arguments); });
@@ -205,8 +222,8 @@ void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("TEXT");
   command
       ->add_option("--timeout", arguments->timeout,
-                   "Seconds that a library may take for a rule; default 10")
-      ->check(CLI::Range(1U, 3600U).description(""))
+                   "Seconds that a library may take for a call; default 10")
+      ->check(WholeNumber(1, 3600))
       ->type_name("SECONDS");
   command->footer(kValidateHelp);
   command->callback([&globals, arguments] { RunValidate(globals, *arguments); });
@@ -249,32 +266,24 @@ void AddPlainCommand(CLI::App& app, const GlobalOptions& globals, const char* na
   command->callback([&globals, run] { run(globals); });
 }
 
-}  // namespace
-
-// The complaint about a word that nothing takes.
+// The words that nothing takes, and what could have stood there.
 std::string NotExpected(const CLI::App& app) {
-  const CLI::App* command = app.get_subcommands().empty() ? &app : app.get_subcommands().front();
-  const std::vector<std::string> words = app.remaining(true);
-  const auto plain = std::find_if(words.begin(), words.end(),
-                                  [](const auto& word) { return !word.starts_with("-"); });
-  const bool mistyped_command = command == &app && plain != words.end();
-  std::vector<std::string> known;
-  if (mistyped_command) {
-    for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
-      known.push_back(one->get_name());
-    }
-    return "no command '" + *plain + "'" + DidYouMean(*plain, known);
+  KnownWords known;
+  for (const auto* one : app.get_subcommands([](const auto*) { return true; })) {
+    known.commands.push_back(one->get_name());
   }
-  for (const CLI::App* owner : {&app, command}) {
+  std::vector<const CLI::App*> owners = {&app};
+  for (const auto* command : app.get_subcommands()) owners.push_back(command);
+  known.command_given = owners.size() > 1;
+  for (const CLI::App* owner : owners) {
     for (const auto* option : owner->get_options()) {
-      for (const auto& name : option->get_lnames()) known.push_back("--" + name);
+      for (const auto& name : option->get_lnames()) known.options.push_back("--" + name);
     }
   }
-  const std::string word = words.empty() ? "" : words.front();
-  const bool option = word.starts_with("-");
-  return (option ? "no option '" : "nothing takes '") + word + "'" +
-         (option ? DidYouMean(word.substr(0, word.find('=')), known) : "");
+  return UnknownWord(app.remaining(true), known);
 }
+
+}  // namespace
 
 int RunCommandLine(int argc, char** argv) {
   const Installation installation = FindInstallation();
@@ -286,7 +295,8 @@ int RunCommandLine(int argc, char** argv) {
                "zelctl");
   app.footer(kExamples);
   app.set_version_flag("--version", "zelctl " ZELTARN_VERSION, "Print the version and exit");
-  app.fallthrough();  // global options may follow the subcommand
+  app.fallthrough();             // global options may follow the subcommand
+  app.require_subcommand(0, 1);  // one document, one status
   AddGlobalOptions(app, &globals);
   AddPlainCommand(app, globals, "modes", "List the colour modes of the panel", kModesHelp,
                   RunModes);

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The subcommands. Each but the last two drives the plug-in, prints what it answers, and
 // throws UsageError or CallError.
 #pragma once
@@ -60,7 +62,7 @@ struct ReportArguments {
 // Text unset: --panel's.
 struct ValidateArguments {
   std::optional<std::string> arg;
-  uint32_t timeout = 10;  // seconds for each rule
+  uint32_t timeout = 10;  // seconds for each call
 };
 
 struct ImportArguments {

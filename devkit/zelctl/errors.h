@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What ends a run, and the exit status that it gives.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <iostream>
 
 #include "devkit/zelctl/block_report.h"
@@ -13,6 +14,10 @@ void RunExport(const GlobalOptions& globals, const ExportArguments& arguments) {
   if (globals.json) throw UsageError("export takes no --json: --format json writes a file");
   const ExportFormat& format = FindExportFormat(arguments.format);
   RefuseOtherFormatsOptions(format, arguments.format_options);
+  if (format.reads_description && globals.session.libraries.parser && !globals.panel_given) {
+    throw UsageError("a parser of your own, but no --panel, whose description " + arguments.format +
+                     " reads");
+  }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
   const size_t mode = SelectMode(list, arguments.mode);

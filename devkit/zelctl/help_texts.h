@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The longer texts of --help.
 #pragma once
 
@@ -68,6 +70,11 @@ inline constexpr const char* kPlotHelp =
     "        with colour transform, LTM and dimming, as far as they are given";
 
 inline constexpr const char* kExportHelp =
+    "Examples:\n"
+    "  zelctl export srgb --format clf -o srgb.clf\n"
+    "  zelctl export srgb --format cube --size 33 -o srgb.cube\n"
+    "  zelctl export native --format icc -o panel.icc\n"
+    "\n"
     "clf    Common LUT Format 3: IGC, gamut, PCC and GC block by block, exactly; refused where\n"
     "       the PCC block has more terms than a matrix with offsets\n"
     "cube   3D LUT: the same blocks, sampled; the file states what that costs\n"
@@ -80,6 +87,11 @@ inline constexpr const char* kExportHelp =
     "docs/formats.md says what each keeps and loses.";
 
 inline constexpr const char* kReportHelp =
+    "Examples:\n"
+    "  zelctl report -o report.html\n"
+    "  zelctl report srgb display_p3 --color-transform night:3400 -o night.html\n"
+    "  zelctl report srgb --patches srgb.ti1\n"
+    "\n"
     "Shows for each mode, from the blocks that the plug-in returned and the panel's description:\n"
     "gamut and its coverage, CIEDE2000 of 24 ColorChecker patches, 33 greys, primaries and\n"
     "secondaries, error of white, tone curve, and what colour transform, LTM and dimming do to\n"

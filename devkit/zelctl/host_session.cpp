@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/host_session.h"
 
 #include <dlfcn.h>
@@ -127,13 +128,13 @@ void HostSession::Initialise(const SessionOptions& options) {
   const int code = plugin_->Init(options.panel);
   const std::string failure = libraries_.ParserFailure();
   if (code != velaricolor::kOk && !failure.empty()) {
-    throw std::runtime_error("can't use mode parser " + failure);
+    throw std::runtime_error(failure);
   }
   Check("Init(\"" + options.panel + "\")", code);
   const std::string why = libraries_.AlgoFailure();
-  if (options.libraries.algo && !why.empty()) {
-    throw std::runtime_error("can't use algorithm library " + why);
-  }
+  if (why.empty() || !libraries_.AlgoIsThere()) return;
+  if (options.libraries.algo) throw std::runtime_error(why);
+  Tell(why);
 }
 
 void HostSession::Tell(const std::string& problem) {
@@ -175,8 +176,8 @@ void HostSession::Process(velaricolor::VcOps op, const velaricolor::ColorMode& m
   TellProblems();
   Check("ProcessOps(" + std::string(Name(op)) + ")", code);
   for (const auto& payload : out->payloads) {
-    if (HoldsNoNumber(payload))
-      Tell("block " + payload.hw_block + " holds a number that is not finite");
+    if (!HoldsNoNumber(payload)) continue;
+    Tell("block " + payload.hw_block + " holds a number that is not finite");
   }
 }
 

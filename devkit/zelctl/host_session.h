@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plug-in, loaded and initialised: the one place that calls it.
 #pragma once
 

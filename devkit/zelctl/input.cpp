@@ -1,13 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/input.h"
 
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
+#include <charconv>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <system_error>
 
 #include "devkit/zelctl/errors.h"
 
@@ -28,6 +32,16 @@ Number Parse(const std::string& text, Number (*convert)(const char*, char**)) {
 double ParseNumber(const std::string& text) { return Parse(text, std::strtod); }
 
 float ParseFloat(const std::string& text) { return Parse(text, std::strtof); }
+
+uint32_t ParseWholeNumber(const std::string& text, uint32_t low, uint32_t high) {
+  uint64_t value = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || value < low || value > high) {
+    throw UsageError("'" + text + "' is not a whole number from " + std::to_string(low) + " to " +
+                     std::to_string(high));
+  }
+  return static_cast<uint32_t>(value);
+}
 
 std::vector<std::string> Split(const std::string& text, const char* separators) {
   std::vector<std::string> parts;
@@ -54,9 +68,13 @@ std::string ReadWhole(const std::string& path, const std::string& what) {
   constexpr size_t kLargest = size_t{16} << 20;
   RequireReadable(path, what);
   std::ifstream file(path, std::ios::binary);
-  std::string text(kLargest + 1, '\0');
-  file.read(text.data(), static_cast<std::streamsize>(text.size()));
-  text.resize(static_cast<size_t>(file.gcount()));
+  std::string text;
+  std::array<char, size_t{1} << 16> chunk;
+  while (text.size() <= kLargest && !file.eof()) {
+    file.read(chunk.data(), chunk.size());
+    if (file.bad() || file.gcount() == 0) break;
+    text.append(chunk.data(), static_cast<size_t>(file.gcount()));
+  }
   if (file.bad()) throw UsageError("can't read " + what + " " + path);
   if (text.size() > kLargest) throw UsageError(path + ": larger than 16 MiB");
   return text;

@@ -1,6 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Reading what the user typed. Everything here throws UsageError.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -11,6 +14,9 @@ double ParseNumber(const std::string& text);
 
 // The same, rounded to single precision once.
 float ParseFloat(const std::string& text);
+
+// Decimal digits alone, for a value from `low` to `high`.
+uint32_t ParseWholeNumber(const std::string& text, uint32_t low, uint32_t high);
 
 // The parts of `text` between `separators`; empty parts are dropped.
 std::vector<std::string> Split(const std::string& text, const char* separators);

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/library_listener.h"
 
 #include <algorithm>
@@ -45,18 +46,20 @@ void NoteAnswer(const std::string& question, int code, const tarn::TarnPayload& 
 }  // namespace
 
 int ParserListener::Init(const std::string& arg) {
-  const int code = Object().Init(arg);
+  const int code = Watched("calling Init" + Of(), [&] { return Object().Init(arg); });
   if (code != 0) Notes().parser_start_up = "Init(\"" + arg + "\") answered " + CodeText(code);
   return code;
 }
 
 int ParserListener::GetProperty(tarn::TarnPayload* payload) {
   const bool list = payload->prop == tarn::kZelModesList;
-  const int code = Object().GetProperty(payload);
+  const char* question = list ? "the mode list" : "the dither configuration";
+  const int code = Watched(std::string("asking the mode parser for ") + question,
+                           [&] { return Object().GetProperty(payload); });
   if (list && code != 0) {
     Notes().parser_start_up = "GetProperty(kZelModesList) answered " + CodeText(code);
   }
-  if (!list && code == 0) NoteAnswer("the dither configuration", code, *payload, &Notes());
+  if (!list && code == 0) NoteAnswer(question, code, *payload, &Notes());
   return code;
 }
 
@@ -66,19 +69,33 @@ int ParserListener::ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in,
   const std::string question = (op == tarn::kZelModeRenderIntent ? "the render intent of mode "
                                                                  : "the software assets of mode ") +
                                ModeIds(mode);
-  const int code = Object().ProcessOps(op, in, out);
+  const int code = Watched("asking the mode parser for " + question,
+                           [&] { return Object().ProcessOps(op, in, out); });
   NoteAnswer(question, code, *out, &Notes());
   return code;
 }
 
+// The plug-in goes on without the library, and says nothing of an exception.
 int AlgoListener::Init(const std::string& arg) {
-  const int code = Object().Init(arg);
+  int code = 0;
+  try {
+    code = Watched("calling Init" + Of(), [&] { return Object().Init(arg); });
+  } catch (const std::exception& e) {
+    Notes().problems.pop_back();
+    Notes().algo_start_up = e.what();
+    throw;
+  }
   if (code != 0) Notes().algo_start_up = "Init(\"" + arg + "\") answered " + CodeText(code);
   return code;
 }
 
+int AlgoListener::GetProperty(tarn::TarnPayload* payload) {
+  return Watched("calling GetProperty" + Of(), [&] { return Object().GetProperty(payload); });
+}
+
 int AlgoListener::ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) {
-  const int code = Object().ProcessOps(op, in, out);
+  const int code =
+      Watched("merging in the algorithm library", [&] { return Object().ProcessOps(op, in, out); });
   if (code != 0) {
     Notes().problems.push_back("the algorithm library answered " + CodeText(code) +
                                " to a merge: the PCC block holds the last transform alone");

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/ltm_file.h"
 
 #include "devkit/reference/panel/json_file.h"
@@ -13,8 +14,8 @@ using tarn::reference::ObjectReader;
 
 zeltarn::PccRow ReadRow(const JsonValue& value) {
   const std::vector<JsonValue> terms = value.Elements();
-  if (terms.size() != 4 && terms.size() != zeltarn::kPccTerms)
-    value.Refuse("expected 4 or 11 numbers");
+  const bool fits = terms.size() == 4 || terms.size() == zeltarn::kPccTerms;
+  if (!fits) value.Refuse("expected 4 or 11 numbers");
   zeltarn::PccRow row = {};
   for (size_t i = 0; i < terms.size(); ++i) row[i] = terms[i].Number();
   return row;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // zelctl: drives the plug-in from the command line, as a display service would.
 #include <algorithm>
 #include <exception>
@@ -7,6 +9,7 @@
 #include "devkit/zelctl/command_line.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/json_output.h"
+#include "devkit/zelctl/standard_streams.h"
 
 namespace {
 
@@ -23,6 +26,7 @@ int Fail(const std::exception& error, int status, bool json) {
 }  // namespace
 
 int main(int argc, char** argv) {
+  zelctl::OccupyStandardStreams();
   const bool json = std::any_of(
       argv + 1, argv + argc, [](const char* text) { return text == std::string_view("--json"); });
   try {

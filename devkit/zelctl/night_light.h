@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Night light: the white of a black body instead of daylight.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The PCC block as it was after each round of a render, as a table and as JSON.
 #pragma once
 

@@ -1,7 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <filesystem>
 #include <iostream>
 #include <optional>
 
+#include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
@@ -24,8 +26,17 @@ constexpr const char* kPng = ".png";
 
 using tarn::reference::Panel;
 
-constexpr size_t kLongestName = 48;
-constexpr size_t kLongestTitle = 88;  // columns that fit the page
+constexpr size_t kLongestName = 40;  // leaves room for the settings
+
+// Whether the parser is another than the one that came with zelctl.
+bool HasOwnParser(const SessionOptions& session) {
+  namespace fs = std::filesystem;
+  if (session.libraries.parser) return true;
+  const char* const name = tarn::kModeParserLibrary;
+  const fs::path ours = fs::path(FindInstallation().plugin).replace_filename(name);
+  std::error_code missing;
+  return !fs::equivalent(FindByName(name, session.plugin), ours, missing);
+}
 
 // What the panel's description says of itself; null where it is not of the reference
 // parser's form, as another parser's may be.
@@ -85,8 +96,7 @@ GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorM
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   if (globals.json) throw UsageError("plot takes no --json: it prints nothing");
   const bool svg = RequireEnding(arguments.output, {kSvg, kPng}) == kSvg;
-  const bool sample = globals.session.panel == FindInstallation().panel;
-  if (HasGamut(arguments.kind) && globals.session.libraries.parser && sample) {
+  if (HasGamut(arguments.kind) && !globals.panel_given && HasOwnParser(globals.session)) {
     throw UsageError(
         "a parser of your own, but no --panel: the gamut can't be drawn; "
         "--what curves and --what pcc can");
@@ -101,11 +111,13 @@ void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   const std::string index = "mode " + std::to_string(mode);
   pcc.front().label = Showable(list.modes[mode].label, index, svg);
   const std::string label = pcc.front().label == index ? "" : " " + pcc.front().label;
-  std::string title = "Mode " + std::to_string(mode) + label + " (" + ModeIds(list.modes[mode]) +
-                      ") of " + PanelName(globals.session.panel, svg);
-  for (size_t i = 1; i < pcc.size(); ++i) title += " " + pcc[i].label;
+  const std::string title =
+      "Mode " + std::to_string(mode) + label + " (" + ModeIds(list.modes[mode]) + ")";
+  std::string subtitle = "of " + PanelName(globals.session.panel, svg);
+  for (size_t i = 1; i < pcc.size(); ++i) subtitle += " " + pcc[i].label;
   ModePlot plot = {
-      .title = Shortened(title, kLongestTitle),
+      .title = title,
+      .subtitle = subtitle,
       .pipeline = {output, arguments.options.igc.BitDepth(), arguments.options.gc.BitDepth()},
       .pcc = pcc,
       .gamut = {}};
@@ -113,7 +125,7 @@ void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
     plot.gamut = ReadGamutDiagram(globals.session.panel, list.modes[mode], plot.pipeline);
   }
   const std::string picture = RunGnuplot(PlotScript(plot, arguments.kind, svg));
-  WriteOutput(arguments.output, svg ? WithTitle(picture, title) : picture);
+  WriteOutput(arguments.output, svg ? WithTitle(picture, title + " " + subtitle) : picture);
 }
 
 }  // namespace zelctl

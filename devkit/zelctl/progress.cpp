@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/progress.h"
 
 #include <unistd.h>
@@ -17,9 +18,15 @@ Progress::~Progress() {
 }
 
 void Progress::Show(double share) {
-  if (!on_terminal_ || Clock::now() < next_) return;
+  if (!IsWanted()) return;
   std::fprintf(stderr, "\r%s: %.0f %%", what_.c_str(), 100 * share);
   next_ = Clock::now() + std::chrono::milliseconds(100);
+  shown_ = true;
+}
+
+void Progress::Show(const std::string& step) {
+  if (!shown_ && !IsWanted()) return;
+  std::fprintf(stderr, "\r\033[K%s: %s", what_.c_str(), step.c_str());
   shown_ = true;
 }
 

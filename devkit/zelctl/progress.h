@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // How far a long piece of work has come, for whoever waits at a terminal.
 #pragma once
 
@@ -18,7 +20,12 @@ class Progress {
   // `share` goes from 0 to 1.
   void Show(double share);
 
+  // What is done where no share is known.
+  void Show(const std::string& step);
+
  private:
+  bool IsWanted() const { return on_terminal_ && Clock::now() >= next_; }
+
   using Clock = std::chrono::steady_clock;
 
   const std::string what_;

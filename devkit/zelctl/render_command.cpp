@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <iostream>
 #include <optional>
 #include <vector>
@@ -42,7 +43,9 @@ void RenderImage(const RenderArguments& arguments, Picture picture,
                  const velaricolor::HwConfigOutputParams& output) {
   const BlockPipeline pipeline(output, arguments.options.igc.BitDepth(),
                                arguments.options.gc.BitDepth());
-  SendThrough(pipeline, &picture);
+  Progress progress("picture");
+  SendThrough(pipeline, &picture, &progress);
+  progress.Show("writing");
   WriteOutput(arguments.image_output, EncodePng(picture));
 }
 

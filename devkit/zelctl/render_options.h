@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What `render` and `plot` set on the plug-in before they render.
 #pragma once
 

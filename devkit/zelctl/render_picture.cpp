@@ -1,19 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/render_picture.h"
 
 #include <cmath>
 
-#include "devkit/zelctl/progress.h"
-
 namespace zelctl {
 
-void SendThrough(const BlockPipeline& pipeline, Picture* picture) {
+void SendThrough(const BlockPipeline& pipeline, Picture* picture, Progress* progress) {
   constexpr double kMaxSample = 255;
   std::vector<uint8_t>& samples = picture->samples;
-  Progress progress("picture");
   const size_t row = picture->channels * picture->width;
   for (size_t at = 0; at < samples.size(); at += picture->channels) {
     if (at % row == 0) {
-      progress.Show(static_cast<double>(at) / static_cast<double>(samples.size()));
+      progress->Show(static_cast<double>(at) / static_cast<double>(samples.size()));
     }
     tarn::color::Vec3 color;
     for (size_t i = 0; i < 3; ++i) color[i] = samples[at + i] / kMaxSample;

@@ -1,5 +1,9 @@
+// SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <filesystem>
 #include <iostream>
+#include <numeric>
+#include <set>
 
 #include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
@@ -12,6 +16,7 @@
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/report/mode_report.h"
 #include "devkit/zelctl/report/page.h"
+#include "devkit/zelctl/report/patches_file.h"
 #include "devkit/zelctl/report/report_json.h"
 
 namespace zelctl {
@@ -54,10 +59,19 @@ void CheckArguments(const GlobalOptions& globals, const ReportArguments& argumen
 
 std::vector<size_t> Places(const velaricolor::ColorModeList& list,
                            const std::vector<std::string>& modes) {
-  std::vector<size_t> places;
-  for (const std::string& mode : modes) places.push_back(SelectMode(list, mode));
-  if (!modes.empty()) return places;
-  for (size_t i = 0; i < list.modes.size(); ++i) places.push_back(i);
+  std::vector<size_t> places(modes.empty() ? list.modes.size() : modes.size());
+  if (modes.empty()) {
+    std::iota(places.begin(), places.end(), size_t{0});
+  } else {
+    std::transform(modes.begin(), modes.end(), places.begin(),
+                   [&](const std::string& mode) { return SelectMode(list, mode); });
+    std::set<size_t> seen;
+    for (const size_t place : places) {
+      if (!seen.insert(place).second) {
+        throw UsageError("mode " + ModeTitle(list, place) + " is named twice");
+      }
+    }
+  }
   return places;
 }
 

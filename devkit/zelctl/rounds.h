@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Calls of the render-intent operation, one after the other, into one record.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/run_time_libraries.h"
 
 #include <dlfcn.h>
@@ -12,6 +13,7 @@
 #include "bridge/tarn_intf.h"
 #include "devkit/zelctl/input.h"
 #include "devkit/zelctl/library_listener.h"
+#include "devkit/zelctl/validate/cxx_runtime.h"
 
 namespace zelctl {
 namespace {
@@ -44,9 +46,17 @@ Dlopen LoadersOwn() {
 // before the library's object; or the library's own where it lacks the factory, so that
 // the plug-in finds that out itself.
 void* Open(OpenedLibrary* library, int mode) {
-  library->handle = LoadersOwn()(library->file.c_str(), mode);
+  {
+    const CallWatch watch("opening " + library->file);
+    library->handle = LoadersOwn()(library->file.c_str(), mode);
+  }
   if (library->handle == nullptr) {
     library->failure = dlerror();
+    return nullptr;
+  }
+  library->failure = ForeignCxxRuntime(library->file);
+  if (!library->failure.empty()) {
+    dlclose(std::exchange(library->handle, nullptr));
     return nullptr;
   }
   if (dlsym(library->handle, library->symbol) == nullptr) {
@@ -69,6 +79,7 @@ template <typename Interface, typename Listener>
 Interface* MakeListener(OpenedLibrary* library, int major, int minor) {
   const auto factory =
       reinterpret_cast<Interface* (*)(int, int)>(dlsym(library->handle, library->symbol));
+  const CallWatch watch("calling the factory of " + library->file);
   std::unique_ptr<Interface> object(factory(major, minor));
   if (object == nullptr) {
     library->failure = std::string(library->symbol) + "(2, 0) gave no object";
@@ -77,10 +88,14 @@ Interface* MakeListener(OpenedLibrary* library, int major, int minor) {
   return new Listener(std::move(object), &g_state->notes);
 }
 
-std::string Failure(const OpenedLibrary& library, const std::string& start_up) {
-  const std::string& why = start_up.empty() ? library.failure : start_up;
-  const bool named = why.find(library.file) != std::string::npos;  // by the loader itself
-  return why.empty() || named ? why : library.file + ": " + why;
+// What it answered in its start-up, or why it can't be used at all.
+std::string Failure(const std::string& role, const OpenedLibrary& library,
+                    const std::string& start_up) {
+  const std::string place = role + " " + library.file + ": ";
+  if (!start_up.empty()) return place + start_up;
+  if (library.failure.empty()) return "";
+  const bool named = library.failure.find(library.file) != std::string::npos;  // by the loader
+  return "can't use " + (named ? role + " " : place) + library.failure;
 }
 
 std::string Absolute(const std::optional<std::string>& file, const char* name,
@@ -127,21 +142,29 @@ std::vector<std::string> RunTimeLibraries::TakeProblems() {
 }
 
 std::string RunTimeLibraries::ParserFailure() const {
-  return Failure(g_state->parser, g_state->notes.parser_start_up);
+  return Failure(kParserRole, g_state->parser, g_state->notes.parser_start_up);
 }
 
 std::string RunTimeLibraries::AlgoFailure() const {
-  return Failure(g_state->algo, g_state->notes.algo_start_up);
+  return Failure(kAlgoRole, g_state->algo, g_state->notes.algo_start_up);
+}
+
+bool RunTimeLibraries::AlgoIsThere() const {
+  return g_state->algo.file.find('/') != std::string::npos;
 }
 
 }  // namespace zelctl
 
-// What the plug-in calls. For any other file it is the loader's own, as seen from this
-// program.
+// What the plug-in calls. For any other file it is the loader's own, called in this
+// function's stead, for the loader searches where the caller's library says.
 
-__attribute__((visibility("default"))) extern "C" void* dlopen(const char* file, int mode) {
-  zelctl::OpenedLibrary* const library = zelctl::Named(file);
-  return library == nullptr ? zelctl::LoadersOwn()(file, mode) : zelctl::Open(library, mode);
+// Under a name of its own, for what is declared not to throw makes no call in its stead.
+extern "C" __attribute__((visibility("default"))) void* OpenLibrary(const char* file,
+                                                                    int mode) __asm__("dlopen");
+
+extern "C" void* OpenLibrary(const char* file, int mode) {
+  if (zelctl::Named(file) != nullptr) return zelctl::Open(zelctl::Named(file), mode);
+  [[clang::musttail]] return zelctl::LoadersOwn()(file, mode);
 }
 
 __attribute__((visibility("default"))) tarn::ModeParserIntf* GetTarnZelInterface(int major,

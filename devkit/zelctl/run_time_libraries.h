@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The two run-time libraries as the plug-in gets them under zelctl: the files that the
 // user names, and with a listener between, which notes what they answer. The plug-in is
 // left as it is: it calls this program's dlopen.
@@ -36,10 +38,13 @@ class RunTimeLibraries {
   // one line each.
   std::vector<std::string> TakeProblems();
 
-  // Why a library was not opened, in the loader's own words, or what else failed in its
-  // start-up; empty where nothing did.
+  // Why a library can't be used, in the loader's own words where it was not opened, or what
+  // it answered in its start-up; empty where nothing failed.
   std::string ParserFailure() const;
   std::string AlgoFailure() const;
+
+  // Whether there is a file, named or found.
+  bool AlgoIsThere() const;
 };
 
 }  // namespace zelctl

@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/suggestion.h"
 
 #include <algorithm>
+#include <cctype>
 #include <numeric>
 
 namespace zelctl {
@@ -22,16 +24,34 @@ size_t Distance(const std::string& a, const std::string& b) {
   return steps[a.size()][b.size()];
 }
 
+std::string Lower(std::string text) {
+  for (char& c : text) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+  return text;
+}
+
 }  // namespace
 
 std::string DidYouMean(const std::string& word, const std::vector<std::string>& known) {
   constexpr size_t kLongest = 64;  // nobody mistypes more
-  const auto away = [&word](const std::string& other) { return Distance(word, other); };
+  const auto away = [&word](const std::string& other) {
+    return Distance(Lower(word), Lower(other));
+  };
   if (word.size() > kLongest || known.empty()) return "";
   const auto nearest = *std::min_element(
       known.begin(), known.end(), [&](const auto& a, const auto& b) { return away(a) < away(b); });
   const size_t most = std::max<size_t>(1, std::min(word.size(), nearest.size()) / 3);
   return away(nearest) > most ? "" : "; did you mean '" + nearest + "'?";
+}
+
+std::string UnknownWord(const std::vector<std::string>& words, const KnownWords& known) {
+  const std::string word = words.empty() ? "" : words.front();
+  if (word.starts_with("-")) {
+    const std::string name = word.substr(0, word.find('='));
+    return "no option '" + word + "'" + DidYouMean(name, known.options);
+  }
+  if (known.command_given) return "nothing takes '" + word + "'";
+  const std::string meant = DidYouMean(word, known.commands);
+  return "no command '" + word + "'" + (meant.empty() ? "; see zelctl --help" : meant);
 }
 
 }  // namespace zelctl

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // How much room a text takes on a terminal.
 #pragma once
 

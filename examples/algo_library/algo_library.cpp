@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The smallest algorithm library that keeps every promise: it merges wherever the
 // transform has no higher-order terms, which is what hosts send.
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A host in one file: loads the plug-in, lists the panel's modes, shows the first one,
 // then switches to the last one with a warmer white at 60 % brightness.
 //

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The smallest mode parser that keeps every promise: two modes of an imagined panel with
 // a gamma of 2.2. A real one learns both from the file that Init's text names.
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Mentions every record, id and interface that crosses the boundary, for abidw to dump
 // (scripts/abi.sh): what the plug-in exports leads to few of them, for records travel by
 // address.

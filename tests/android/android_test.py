@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Android.bp, read by the platform's own tools, against CMake's preset "android".
 
 bpfmt checks the form. Soong (the platform's build tool, from Debian's sources, with

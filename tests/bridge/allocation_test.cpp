@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Memory runs out, at every single allocation of each host call, the libraries'
 // included.
 #include <algorithm>

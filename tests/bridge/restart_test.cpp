@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Initialising again, de-initialising, destroying.
 #include <stdexcept>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the gamma lists and the blobs hold after a conversion.
 
 #include <array>

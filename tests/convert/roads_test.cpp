@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The road of each block: bytes in at the parser, bytes out at the host.
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "tests/support/fake_libraries.h"
 
 __attribute__((visibility("default"))) tarn::ModeParserIntf* GetTarnZelInterface(

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the host's and the libraries' binaries rely on: the order of slots, the
 // library's symbols.
 #include <dlfcn.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The numbers that hosts and libraries were built with, as they know them: written out
 // here, so that a changed header shows.
 #include <gtest/gtest.h>

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Headers of the plug-in keep to the layers that docs/architecture.md lists, and no one
 else includes more of it than that page allows."""
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What render intent and software assets share, and what sets them apart.
 #include <cstring>
 #include <memory>

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Code in README and guides is what is compiled and run elsewhere.
 
 Usage: guides_test.py SOURCE_FOLDER

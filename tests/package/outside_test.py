@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The tree as those outside see it: what is installed, and what can be built with it.
 
 The surroundings come in ZEL_ variables from tests/package/CMakeLists.txt.

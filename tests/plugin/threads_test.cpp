@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Host threads that call everything at once, Init and DeInit among it.
 #include <atomic>
 #include <thread>

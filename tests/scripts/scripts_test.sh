@@ -1,4 +1,5 @@
 #!/usr/bin/env bash
+# SPDX-License-Identifier: Apache-2.0
 # What the scripts say before they do anything: their usage, and what they would install.
 # Usage: tests/scripts/scripts_test.sh
 set -euo pipefail

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Running out of memory at a chosen allocation. A test program that wants it
 // replaces operator new by one that asks AllocationFails().
 #pragma once

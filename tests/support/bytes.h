@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Records as bytes, to compare them paddings and all, and envelopes.
 #pragma once
 

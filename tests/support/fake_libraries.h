@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The two run-time libraries, as a test scripts and observes them.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The platform, as a test scripts and observes it. The test program defines the
 // platform's functions itself, and so takes over from the real ones.
 #pragma once

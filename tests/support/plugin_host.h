@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A host: loads the plug-in, creates its object, calls it.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The composition of two matrices with offsets, which nearly every merge is: as exact as
 // the general one, in a fraction of its time.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The algorithm library's object and factory.
 #include "bridge/tarn_intf.h"
 #include "devkit/reference/envelope.h"

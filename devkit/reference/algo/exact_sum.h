@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Sums of products of doubles without rounding.
 //
 // A sum is held as an expansion: doubles, from small to large, that don't

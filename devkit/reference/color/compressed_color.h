@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Colours of a wide gamut drawn into a narrower one without their differences
 // being lost.
 #pragma once

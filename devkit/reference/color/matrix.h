@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // 3 x 3 matrices, row by row, and the vectors they apply to.
 #pragma once
 

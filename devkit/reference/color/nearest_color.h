@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The nearest colour that a device can show.
 #pragma once
 

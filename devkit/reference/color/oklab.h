@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // OKLab, a space in which colours of one hue lie on one line from grey.
 //
 // B. Ottosson, A perceptual color space for image processing, 2020. Its white

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Primaries and white points, and the linear-light matrices that follow from
 // them. Colours are CIE 1931 XYZ with white at Y = 1.
 #pragma once

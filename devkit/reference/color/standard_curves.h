@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Transfer functions of the standards, from the signal (0 to 1) to light.
 #pragma once
 

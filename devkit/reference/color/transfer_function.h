@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The transfer function of a panel or of a mode, whichever form it has.
 //
 // Light is relative to the panel's range: 0 is its black, 1 its peak.

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Reading a JSON file, with errors that name the line.
 #pragma once
 

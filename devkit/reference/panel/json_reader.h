@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Reading checked values from JSON. Whatever is not as it should be throws a
 // PanelError that begins with the value's JSON path.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A panel and the modes that it offers, as its description states them.
 #pragma once
 

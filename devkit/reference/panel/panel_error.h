@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Why a panel description, or another JSON file read like one, was refused.
 #pragma once
 

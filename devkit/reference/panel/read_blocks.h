@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The block configurations that a panel description states as they are.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/reference/panel/read_color.h"
 
 #include <algorithm>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Values that are one of several names.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Reading a panel description (docs/panel-description.md).
 #pragma once
 

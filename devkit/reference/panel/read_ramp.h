@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Measured ramps of a panel description.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The transfer functions of a panel description.
 #pragma once
 

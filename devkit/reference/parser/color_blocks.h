@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The blocks of a mode that are computed from the panel's calibration.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The gamut table of a mode.
 #pragma once
 

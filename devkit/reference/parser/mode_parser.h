@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The mode parser's library object.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/reference/parser/target_to_panel.h"
 
 namespace tarn::reference {

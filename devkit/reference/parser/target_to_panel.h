@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // From light of a mode's content to light of the panel, and what the panel
 // lacks of it. Light is of the three channels, relative to the panel's range.
 #pragma once

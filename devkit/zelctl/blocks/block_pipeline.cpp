@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/blocks/block_pipeline.h"
 
 #include "devkit/zelctl/blocks/block_record.h"

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The colour blocks of an answer in the order in which a picture passes them:
 // IGC, gamut, PCC, GC.
 #pragma once

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Blocks of an answer, and their typed records.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // An IGC or GC block as a function.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The gamut block as a function.
 #pragma once
 

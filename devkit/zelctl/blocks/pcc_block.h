@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The PCC block as it was after a call, and as a function.
 #pragma once
 

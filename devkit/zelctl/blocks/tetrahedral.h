@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Interpolation in a 3D table, along the edges from a cell's dark corner to its bright one.
 #pragma once
 

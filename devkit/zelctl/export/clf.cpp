@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Common LUT Format: one process node for each step of a block.
 #include <cmath>
 #include <limits>

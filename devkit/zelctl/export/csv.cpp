@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // CSV (RFC 4180): a row for each entry of a table, so that one header serves all blocks.
 #include <algorithm>
 #include <array>

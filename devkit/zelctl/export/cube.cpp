@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // .cube: the whole chain, sampled.
 #include <algorithm>
 #include <string>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode's whole chain as one 3D table, and what that costs.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/export/export_format.h"
 
 #include <algorithm>
@@ -7,16 +8,17 @@
 
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/export/formats.h"
+#include "devkit/zelctl/suggestion.h"
 
 namespace zelctl {
 namespace {
 
-constexpr std::array<ExportFormat, 6> kFormats = {{{"clf", WriteClf},
-                                                   {"cube", WriteCube},
-                                                   {"icc", WriteIcc},
-                                                   {"ti3", WriteTi3},
-                                                   {"csv", WriteCsv},
-                                                   {"json", WriteJson}}};
+constexpr std::array<ExportFormat, 6> kFormats = {{{"clf", false, WriteClf},
+                                                   {"cube", false, WriteCube},
+                                                   {"icc", true, WriteIcc},
+                                                   {"ti3", true, WriteTi3},
+                                                   {"csv", false, WriteCsv},
+                                                   {"json", false, WriteJson}}};
 
 constexpr auto kReplace = Json::error_handler_t::replace;
 
@@ -40,12 +42,15 @@ std::string ExportedMode::Id() const {
 }
 
 const ExportFormat& FindExportFormat(const std::string& name) {
-  std::string known;
+  std::vector<std::string> known;
   for (const ExportFormat& format : kFormats) {
     if (name == format.name) return format;
-    known += (known.empty() ? "" : ", ") + std::string(format.name);
+    known.emplace_back(format.name);
   }
-  throw UsageError("--format: no format '" + name + "'; known: " + known);
+  std::string list;
+  for (const std::string& one : known) list += (list.empty() ? "" : ", ") + one;
+  throw UsageError("--format: no format '" + name + "'" + DidYouMean(name, known) +
+                   "; known: " + list);
 }
 
 void RefuseOtherFormatsOptions(const ExportFormat& format, const FormatOptions& options) {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The formats that a mode can be written in. Each has a file of its own here.
 #pragma once
 
@@ -40,6 +42,7 @@ struct ExportedFile {
 
 struct ExportFormat {
   const char* name;
+  bool reads_description;  // of the panel, besides the blocks
   ExportedFile (*write)(const ExportedMode& mode, const FormatOptions& options);
 };
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The writers of all formats. Each throws UsageError for a mode that its format can't hold.
 #pragma once
 

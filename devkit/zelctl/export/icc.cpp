@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // ICC display profile: the panel's primaries and curves, as its description states them.
 #include <lcms2.h>
 

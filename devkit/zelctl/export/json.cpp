@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // JSON: the colour blocks as numbers, and every block as `render --json --tables` has it.
 #include <sstream>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Numbers in files that programs read: the same in every locale.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/export/panel_of_mode.h"
 
 #include "devkit/reference/panel/panel_error.h"

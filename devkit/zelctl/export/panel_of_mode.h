@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The description behind a mode, for what no block states.
 #pragma once
 

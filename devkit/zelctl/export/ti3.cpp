@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // CGATS text, as ArgyllCMS's .ti3: XYZ of the patches that a mode is judged by.
 #include <algorithm>
 #include <set>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The curves of an IGC or GC block.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The CIE 1931 xy diagram of a mode.
 #pragma once
 

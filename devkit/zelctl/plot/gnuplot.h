@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // gnuplot as a child process, and the text that it reads.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/plot/mode_plot.h"
 
 #include <sstream>
@@ -5,6 +6,7 @@
 #include "devkit/zelctl/plot/gamma_plot.h"
 #include "devkit/zelctl/plot/gnuplot.h"
 #include "devkit/zelctl/plot/pcc_plot.h"
+#include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
 namespace {
@@ -60,11 +62,21 @@ void Place(const Page& page, const Frame& frame, const std::string& commands, st
       << commands;
 }
 
+// A string of gnuplot's, of two lines where the page is too narrow for one.
+std::string PageTitle(const ModePlot& plot, const Page& page) {
+  constexpr size_t kColumnWidth = 9;  // in pixels: more than a letter's on average
+  const size_t columns = static_cast<size_t>(page.width) / kColumnWidth;
+  const std::string line = plot.title + " " + plot.subtitle;
+  if (DisplayWidth(line) <= columns) return Quoted(line);
+  return Quoted(Shortened(plot.title, columns)) + R"(."\n".)" +
+         Quoted(Shortened(plot.subtitle, columns));
+}
+
 void WriteHeader(const ModePlot& plot, const Page& page, bool svg, std::ostream& out) {
   out << "set encoding utf8\n"
       << "set terminal " << (svg ? "svg" : "pngcairo") << " size " << page.width << ','
       << page.height << " font 'sans-serif," << (svg ? 12 : 9.5) << "' background '#ffffff'\n"
-      << "set multiplot title " << Quoted(plot.title) << " noenhanced font '," << (svg ? 14 : 11)
+      << "set multiplot title " << PageTitle(plot, page) << " noenhanced font '," << (svg ? 14 : 11)
       << "'\n";
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The picture of a mode: its plots laid out on one page.
 #pragma once
 
@@ -19,7 +21,8 @@ constexpr bool HasGamut(PlotKind kind) {
 }
 
 struct ModePlot {
-  std::string title;
+  std::string title;     // of the mode
+  std::string subtitle;  // panel and settings; below where one line is too short
   BlockPipeline pipeline;
   std::vector<PccRound> pcc;
   std::optional<GamutDiagram> gamut;  // needed where HasGamut

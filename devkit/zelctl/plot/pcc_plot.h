@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the PCC block makes of the primaries, step by step.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Another program, run to its end.
 #pragma once
 

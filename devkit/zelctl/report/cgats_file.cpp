@@ -1,6 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/report/cgats_file.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 
@@ -9,6 +11,10 @@
 
 namespace zelctl {
 namespace {
+
+// More than any measurement has; they keep a hostile file from taking time and memory.
+constexpr size_t kMostFields = 4096;
+constexpr size_t kMostSets = 65536;
 
 struct Token {
   std::string text;
@@ -96,6 +102,7 @@ void ReadFields(Reader* reader, CgatsTable* table) {
     if (std::count(table->fields.begin(), table->fields.end(), token.text) != 0) {
       reader->Refuse(token.line, "field " + Shown(token.text) + " stands twice");
     }
+    if (table->fields.size() == kMostFields) reader->Refuse(token.line, "more than 4096 fields");
     table->fields.push_back(token.text);
   }
 }
@@ -106,6 +113,7 @@ void ReadRows(Reader* reader, size_t line, CgatsTable* table) {
   Token token = reader->Need("END_DATA");
   for (; token.quoted || token.text != "END_DATA"; token = reader->Need("END_DATA")) {
     if (row.empty()) table->lines.push_back(token.line);
+    if (table->lines.size() > kMostSets) reader->Refuse(token.line, "more than 65536 sets");
     row.push_back(token.text);
     if (row.size() < table->fields.size()) continue;
     table->rows.push_back(std::move(row));

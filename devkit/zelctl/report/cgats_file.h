@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Text files of measurements: the keywords, field names and data of CGATS.17.
 #pragma once
 
@@ -17,8 +19,9 @@ struct CgatsTable {
   std::string next;  // identifier of the table after it; empty: there is none
 };
 
-// Throws UsageError with the file and the line. A file may be 16 MiB long. Of what
-// follows the first table, the identifier alone is looked at.
+// Throws UsageError with the file and the line. A file may be 16 MiB long, a table
+// have 4096 fields and 65536 sets. Of what follows the first table, the identifier alone
+// is looked at.
 CgatsTable ReadCgatsFile(const std::string& path);
 
 // The same, of `text`, which is the contents of the file at `path`.

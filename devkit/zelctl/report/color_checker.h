@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The colours of a test chart with 24 patches.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the content of a mode stands for: the colour that its target asks the panel
 // to show for a signal, and the signal of a colour.
 #pragma once

@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/report/evaluation.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "devkit/colorimetry/ciede2000.h"
+#include "devkit/zelctl/report/device_values.h"
 #include "devkit/zelctl/report/panel_light.h"
 
 namespace zelctl {
@@ -109,6 +111,11 @@ std::vector<const PatchResult*> InSet(const ModeEvaluation& mode, PatchSet set) 
     if (result.patch.set == set) results.push_back(&result);
   }
   return results;
+}
+
+const PatchResult& FullWhite(const ModeEvaluation& mode) {
+  return *std::find_if(mode.patches.begin(), mode.patches.end(),
+                       [](const PatchResult& result) { return result.patch.code == kFullWhite; });
 }
 
 ModeEvaluation Evaluate(const Panel& panel, const Target& target, const BlockPipeline& pipeline) {

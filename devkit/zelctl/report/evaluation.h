@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode judged: what its target asks for, and what the panel shows of it.
 #pragma once
 
@@ -86,6 +88,9 @@ ModeEvaluation Evaluate(const tarn::reference::Panel& panel, const tarn::referen
 
 // The patches of a set.
 std::vector<const PatchResult*> InSet(const ModeEvaluation& mode, PatchSet set);
+
+// The patch with all channels at full signal.
+const PatchResult& FullWhite(const ModeEvaluation& mode);
 
 // White and primaries, at the reference white's signal, through `pipeline`.
 StepResult EvaluateStep(const std::string& label, const tarn::reference::Panel& panel,

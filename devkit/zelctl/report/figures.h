@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The figures of the report: each an element with a caption that names units and sources.
 #pragma once
 

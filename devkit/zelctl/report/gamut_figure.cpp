@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <array>
 
 #include "devkit/zelctl/plot/spectral_locus.h"
@@ -23,12 +24,17 @@ std::vector<PlotPoint> Triangle(Diagram diagram, const Primaries& p) {
 }
 
 void DrawLocus(Diagram diagram, SvgPlot* plot) {
-  constexpr std::array<int, 7> kLabelled = {460, 480, 500, 520, 560, 600, 700};
   std::vector<PlotPoint> locus;
+  for (const auto& color : kSpectralLocus) locus.push_back(Place(diagram, color.xy));
+  locus.push_back(locus.front());
+  plot->Line("locus", locus);
+}
+
+void DrawWavelengths(Diagram diagram, SvgPlot* plot) {
+  constexpr std::array<int, 7> kLabelled = {460, 480, 500, 520, 560, 600, 700};
   const PlotPoint middle = Place(diagram, tarn::color::kD65);
   for (const auto& [nanometres, xy] : kSpectralLocus) {
     const PlotPoint at = Place(diagram, xy);
-    locus.push_back(at);
     for (const int label : kLabelled) {
       constexpr double kInwards = 0.12;  // of the way to white, so that it stays in the frame
       if (label != nanometres) continue;
@@ -36,8 +42,6 @@ void DrawLocus(Diagram diagram, SvgPlot* plot) {
                  std::to_string(label));
     }
   }
-  locus.push_back(locus.front());
-  plot->Line("locus", locus);
 }
 
 // Where the target's primaries go with its white: SMPTE RP 177, then Bradford.
@@ -48,6 +52,20 @@ Primaries Adapted(const Primaries& target, const Chromaticity& white) {
     return tarn::color::ToChromaticity({matrix[0][i], matrix[1][i], matrix[2][i]});
   };
   return {column(0), column(1), column(2), white};
+}
+
+// Primaries, secondaries and white, where they were measured.
+bool DrawMeasured(const ModeEvaluation& mode, Diagram diagram, SvgPlot* plot) {
+  bool any = false;
+  for (const PatchResult& result : mode.patches) {
+    const bool corner =
+        result.patch.set == PatchSet::kPrimaries || result.patch.set == PatchSet::kWhite;
+    if (!corner || !result.measured || result.measured->xyz[1] <= 0) continue;
+    const Chromaticity xy = tarn::color::ToChromaticity(result.measured->xyz);
+    plot->Dot("measured", Place(diagram, xy), result.patch.name + ", measured");
+    any = true;
+  }
+  return any;
 }
 
 }  // namespace
@@ -70,10 +88,12 @@ std::string GamutFigure(const ModeEvaluation& mode, Diagram diagram) {
     plot.Line("adapted", Triangle(diagram, Adapted(mode.gamut.target, white)));
     legend.push_back({"adapted", "target, adapted"});
   }
+  DrawWavelengths(diagram, &plot);  // over the outlines, below the marks
   plot.Cross("target", Place(diagram, mode.gamut.target.white));
   for (const Chromaticity& point : mode.gamut.shown_white) {
     plot.Dot("shown", Place(diagram, point), "white shown");
   }
+  if (DrawMeasured(mode, diagram, &plot)) legend.push_back({"measured", "measured"});
   plot.Legend(legend);
   const double share = xy ? mode.coverage.xy : mode.coverage.uniform;
   return Figure(name, plot.Finish(),

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 
 #include "devkit/zelctl/report/figures.h"
@@ -21,7 +22,7 @@ std::string GreysFigure(const ModeEvaluation& mode) {
     plot.Bar(grey->reachable ? "shown" : "unreachable", grey->patch.code[0] - kWidth / 2, kWidth,
              grey->difference, grey->patch.name + ": " + Fixed(grey->difference, 2));
   }
-  if (has_unreachable) plot.Legend({{"unreachable", "beyond the panel's range"}});
+  if (has_unreachable) plot.Legend({{"unreachable", "beyond the panel's range", LegendKey::kBar}});
   return Figure(name, plot.Finish(), kDifferenceSource);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Texts and numbers as a page shows them.
 #pragma once
 

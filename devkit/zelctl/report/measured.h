@@ -1,4 +1,6 @@
-// Measurements of a mode's patches, and the list of them that a meter's program reads.
+// SPDX-License-Identifier: Apache-2.0
+
+// Measurements of a mode's patches.
 #pragma once
 
 #include <optional>
@@ -32,15 +34,8 @@ struct MeasuredSummary {
   std::vector<MeasuredSet> sets;  // in kPatchSets' order
 };
 
-// Reads a CTI3 file with the fields RGB_R, RGB_G, RGB_B (0 to 100) and XYZ_X, XYZ_Y,
-// XYZ_Z, and fills `measured` of the mode's patches that it holds. XYZ is in cd/m2
-// where NORMALIZED_TO_Y_100 is "NO"; else white is 100, and LUMINANCE_XYZ_CDM2 states
-// what that is. Throws UsageError: for a file that isn't such, or that lacks full
-// white.
+// Fills `measured` of the mode's patches that the file (measurement_file.h) holds. Throws
+// UsageError, for a file without full white too.
 MeasuredSummary ReadMeasurements(const std::string& path, ModeEvaluation* mode);
-
-// The mode's patches as a CTI1 file: device values from 0 to 100 and the XYZ expected,
-// with full white at Y = 100. Patches with equal codes stand once.
-std::string PatchesFile(const ModeEvaluation& mode);
 
 }  // namespace zelctl

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 
 #include "devkit/colorimetry/ciede2000.h"
@@ -33,7 +34,8 @@ std::string MeasuredFigure(const ModeEvaluation& mode, PatchSet set) {
     }
     left += 1;
   }
-  plot.Legend({{"target", "from the target"}, {"shown", "from the prediction"}});
+  plot.Legend({{"target", "from the target", LegendKey::kBar},
+               {"shown", "from the prediction", LegendKey::kBar}});
   return Figure(name, plot.Finish(), kDifferenceSource);
 }
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the report shows, gathered from the plug-in.
 #pragma once
 

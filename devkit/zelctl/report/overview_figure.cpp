@@ -1,9 +1,11 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <cmath>
 #include <sstream>
 
 #include "devkit/zelctl/report/figures.h"
 #include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
 namespace {
@@ -11,6 +13,7 @@ namespace {
 constexpr double kLeft = 112;
 constexpr double kWidth = 232;
 constexpr double kRow = 34;
+constexpr size_t kLongestLabel = 16;
 
 double X(double difference, double largest) { return kLeft + kWidth * difference / largest; }
 
@@ -24,14 +27,6 @@ void DrawSet(const char* style, const Differences& set, double y, double largest
       << "</title></rect>"
       << "<path class=\"line " << style << "\" d=\"M" << Fixed(X(set.max, largest), 1) << ' ' << y
       << "v9M" << kLeft << ' ' << y + 4.5 << "H" << Fixed(X(set.max, largest), 1) << "\"/>\n";
-}
-
-std::string Shortened(const std::string& label) {
-  constexpr size_t kLongest = 16;
-  if (label.size() <= kLongest) return label;
-  size_t end = kLongest - 1;
-  while (end > 0 && (static_cast<unsigned char>(label[end]) & 0xc0) == 0x80) --end;
-  return label.substr(0, end) + "…";
 }
 
 }  // namespace
@@ -54,7 +49,8 @@ std::string OverviewFigure(const Report& report) {
   double y = 6;
   for (const ModeEvaluation& mode : report.modes) {
     out << "<a href=\"#mode-" << mode.index << "\"><text text-anchor=\"end\" x=\"" << kLeft - 6
-        << "\" y=\"" << y + 15 << "\">" << Escaped(Shortened(mode.label)) << "</text></a>\n";
+        << "\" y=\"" << y + 15 << "\">" << Escaped(Shortened(mode.label, kLongestLabel))
+        << "</text></a>\n";
     DrawSet("shown", mode.summaries[0].reachable, y, largest, out);
     DrawSet("ink", mode.summaries[1].reachable, y + 13, largest, out);
     y += kRow;

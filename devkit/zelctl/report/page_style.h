@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The report's style sheet.
 #pragma once
 
@@ -33,6 +35,7 @@ figure > svg { display: block; width: 100%; max-width: 460px; height: auto; marg
 figcaption { color: var(--soft); font-size: 0.78rem; line-height: 1.4; margin-top: 6px; }
 svg { font-size: 11.5px; fill: var(--ink); }
 svg .small { font-size: 11px; }
+svg .label { paint-order: stroke; stroke: var(--card); stroke-width: 3px; stroke-linejoin: round; }
 .grid { stroke: var(--grid); fill: none; }
 .line { fill: none; stroke-width: 2; stroke: var(--ink); stroke-linejoin: round; }
 .dot { stroke: var(--card); stroke-width: 1; }
@@ -44,7 +47,6 @@ svg .small { font-size: 11px; }
 .line.locus { stroke: var(--soft); stroke-width: 1; }
 .line.red { stroke: var(--red); } .line.green { stroke: var(--green); }
 .line.blue { stroke: var(--blue); }
-.line.unreachable { stroke: var(--soft); stroke-width: 7; stroke-dasharray: 2 2; }
 .shown-area { fill: var(--shown); fill-opacity: 0.14; }
 .dot.shown, .bar.shown { fill: var(--shown); } .dot.target, .bar.target { fill: var(--target); }
 .dot.measured { fill: var(--measured); } .dot.ink, .bar.ink { fill: var(--ink); }
@@ -63,7 +65,7 @@ thead th { color: var(--soft); font-weight: 600; vertical-align: bottom; white-s
 tbody th { position: sticky; left: 0; background: var(--card); font-weight: 600; }
 td i { display: inline-block; width: 14px; height: 14px; margin-right: 6px; border-radius: 3px;
   vertical-align: -2px; border: 1px solid var(--grid); }
-td { vertical-align: top; }
+td, tbody th { vertical-align: top; }
 .wrap { display: block; white-space: normal; min-width: 190px; }
 .mark { color: var(--mark); font-weight: 600; }
 .problems { border-left: 4px solid var(--mark); padding: 8px 14px; background: var(--card); }

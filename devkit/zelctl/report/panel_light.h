@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What a panel emits for the signal that drives it, as its description states.
 #pragma once
 

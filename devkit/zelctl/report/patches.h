@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The colours that a mode is judged by.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/report/report_json.h"
 
 #include "devkit/zelctl/report/target_text.h"
@@ -44,8 +45,9 @@ Json SetsJson(const ModeEvaluation& mode) {
   Json sets;
   for (const SetSummary& summary : mode.summaries) {
     Json patches = Json::array();
-    for (const PatchResult* result : InSet(mode, summary.set))
+    for (const PatchResult* result : InSet(mode, summary.set)) {
       patches.push_back(PatchJson(*result));
+    }
     sets[SetKey(summary.set)] = {
         {"in_gamut", DifferencesJson(summary.reachable)},
         {"out_of_gamut", DifferencesJson(summary.unreachable)},
@@ -138,6 +140,7 @@ Json ReportJson(const Report& report) {
                  {"bit_depth", panel.bit_depth}}},
                {"output_bits", kOutputBits},
                {"modes", std::move(modes)},
+               {"measured", nullptr},
                {"problems", report.problems}};
   if (report.measured) json["measured"] = MeasuredJson(*report.measured);
   return json;

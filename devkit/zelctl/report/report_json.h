@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The report's figures as JSON.
 #pragma once
 

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <algorithm>
 #include <array>
 
@@ -16,9 +17,9 @@ PlotPoint Uniform(const Appearance& seen) {
   return {uv.u, uv.v};
 }
 
-std::vector<LegendEntry> Legend() {
+std::vector<LegendEntry> Legend(LegendKey key) {
   std::vector<LegendEntry> legend;
-  for (size_t i = 0; i < kColors.size(); ++i) legend.push_back({kStyles[i], kColors[i]});
+  for (size_t i = 0; i < kColors.size(); ++i) legend.push_back({kStyles[i], kColors[i], key});
   return legend;
 }
 
@@ -46,7 +47,7 @@ std::string StepsDiagram(const ModeEvaluation& mode) {
     plot.Line(kStyles[i], way);
     plot.Cross(kStyles[i], way.front());
   }
-  plot.Legend(Legend());
+  plot.Legend(Legend(LegendKey::kLine));
   return Figure(
       name, plot.Finish(),
       "Cross: the mode alone; dots: after " + StepNames(mode) + ". u′v′: CIE 15:2004, 8.1");
@@ -70,7 +71,7 @@ std::string StepsLuminance(const ModeEvaluation& mode) {
                mode.steps[s].label + ", " + kColors[i] + ": " + Significant(luminance) + " cd/m²");
     }
   }
-  plot.Legend(Legend());
+  plot.Legend(Legend(LegendKey::kBar));
   return Figure(
       name, plot.Finish(),
       "From left to right: " + StepNames(mode) + ". Luminance: Y of CIE 15:2004, 7.1, in cd/m²");

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/report/svg_plot.h"
 
 #include <algorithm>
@@ -92,7 +93,7 @@ void SvgPlot::Bar(const std::string& style, double x, double width, double y,
 }
 
 void SvgPlot::Text(const PlotPoint& at, const std::string& text) {
-  marks_ << "<text class=\"small\" text-anchor=\"middle\" x=\"" << Px(X(at.x)) << "\" y=\""
+  marks_ << "<text class=\"small label\" text-anchor=\"middle\" x=\"" << Px(X(at.x)) << "\" y=\""
          << Px(Y(at.y) + 3) << "\">" << Escaped(text) << "</text>\n";
 }
 
@@ -101,13 +102,20 @@ void SvgPlot::Legend(const std::vector<LegendEntry>& entries) {
   constexpr double kColumn = kWidth / kColumns;
   for (size_t i = 0; i < entries.size(); ++i) {
     const double x = kLeft + kColumn * static_cast<double>(i % kColumns);
-    const double y =
-        kTop + height_ + kBottom + kLegendRow * (static_cast<double>(i / kColumns) + 0.5);
-    legend_ << "<path class=\"line " << entries[i].style << "\" d=\"M" << Px(x) << ' ' << Px(y)
-            << "h18\"/><text class=\"small\" x=\"" << Px(x + 24) << "\" y=\"" << Px(y + 4) << "\">"
+    const size_t row = i / kColumns;
+    const double y = kTop + height_ + kBottom + kLegendRow * (static_cast<double>(row) + 0.5);
+    if (entries[i].key == LegendKey::kBar) {
+      legend_ << "<rect class=\"bar " << entries[i].style << "\" x=\"" << Px(x) << "\" y=\""
+              << Px(y - 4.5) << "\" width=\"18\" height=\"9\"/>";
+    } else {
+      legend_ << "<path class=\"line " << entries[i].style << "\" d=\"M" << Px(x) << ' ' << Px(y)
+              << "h18\"/>";
+    }
+    legend_ << "<text class=\"small\" x=\"" << Px(x + 24) << "\" y=\"" << Px(y + 4) << "\">"
             << Escaped(entries[i].text) << "</text>\n";
   }
-  legend_height_ = kLegendRow * static_cast<double>((entries.size() + 1) / kColumns);
+  const size_t rows = (entries.size() + 1) / kColumns;
+  legend_height_ = kLegendRow * static_cast<double>(rows);
 }
 
 std::string SvgPlot::Axes() const {

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A plot as inline SVG: a frame with axes, and what is drawn in it.
 #pragma once
 
@@ -22,9 +24,12 @@ struct PlotAxis {
 // The range from 0 to at least `high`, in round steps.
 PlotAxis AxisFromZero(const std::string& title, double high);
 
+enum class LegendKey { kLine, kBar };
+
 struct LegendEntry {
   std::string style;  // the class of the line or mark
   std::string text;
+  LegendKey key = LegendKey::kLine;
 };
 
 // Everything is in the units of the axes, and cut off at the frame. Styles are classes of

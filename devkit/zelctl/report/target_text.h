@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode's target in words, with the standards that define it.
 #pragma once
 

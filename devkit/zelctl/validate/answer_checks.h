@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The rules for every list of blocks that a parser answers with.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Which C++ standard library a library was linked to.
 #pragma once
 
@@ -5,8 +7,8 @@
 
 namespace zelctl {
 
-// The name of another C++ runtime than libc++ that the loaded library `file` needs, as
-// it stands in its dynamic section (DT_NEEDED); empty where there is none.
+// Why the loaded library `file` can't be called: the other C++ runtime than libc++ that it
+// needs, as it stands in its dynamic section (DT_NEEDED). Empty where there is none.
 std::string ForeignCxxRuntime(const std::string& file);
 
 }  // namespace zelctl

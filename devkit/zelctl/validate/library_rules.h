@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What both libraries have in common: opening, starting and ending them as the
 // plug-in does.
 #pragma once
@@ -57,8 +59,7 @@ Finding Open(Subject& subject) {
     return {subject.MayBeMissing() ? Verdict::kWarning : Verdict::kFailed, dlerror()};
   }
   if (const std::string other = ForeignCxxRuntime(subject.file); !other.empty()) {
-    return {Verdict::kFailed, "linked to another C++ runtime, " + other +
-                                  ": records hold strings and vectors of libc++"};
+    return {Verdict::kFailed, other};
   }
   subject.stage = Stage::kOpened;
   return {Verdict::kPassed, subject.file};

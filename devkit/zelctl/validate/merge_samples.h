@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // PCC blocks to merge, and what comes out.
 #pragma once
 

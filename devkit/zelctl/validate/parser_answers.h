@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The rules that ask a mode parser for blocks. The answers are checked by the way.
 #pragma once
 

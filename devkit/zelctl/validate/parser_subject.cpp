@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/validate/parser_subject.h"
 
 #include "devkit/zelctl/block_json.h"
@@ -69,6 +70,7 @@ int ParserSubject::Ask(const Question& question, tarn::HwConfigOutputParams* ans
   Doing("asking for " + title);
   const int code =
       question.op ? object->ProcessOps(*question.op, in, &out) : object->GetProperty(&out);
+  Doing("taking its answer to " + title);  // reading, then dropping what it made
   NoteEnvelope(in_before, in, title);
   NoteEnvelope(out_before, out, title);
   left_alone.See(SameRequest(request_before, request), title, "the request was written to");

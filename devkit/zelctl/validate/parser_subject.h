@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode parser under examination, and the calls that the plug-in makes of it.
 #pragma once
 

@@ -1,12 +1,14 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A rule of `validate`, and running a list of them.
 #pragma once
 
 #include <unistd.h>
+
 #include <algorithm>
 #include <array>
 #include <chrono>
 #include <exception>
-
 #include <functional>
 #include <set>
 #include <string>

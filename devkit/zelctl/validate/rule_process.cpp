@@ -1,8 +1,10 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/validate/rule_process.h"
 
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/prctl.h>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -24,14 +26,18 @@ using Clock = std::chrono::steady_clock;
 constexpr int kSliceMs = 50;                      // between two looks at whether the child lives
 constexpr size_t kMostPrinted = 4096;             // of one rule
 constexpr size_t kHeader = 2 + sizeof(uint32_t);  // kind, verdict, bytes that follow
+constexpr int kCutOff = 125;                      // the child's status where it can't report
 
-void MakePipe(int* read_end, int* write_end) {
+// Both ends of a connection: to read from here, and to write to there; or both, both ways.
+void Connect(bool both_ways, int* here, int* there) {
   std::array<int, 2> ends = {};
-  if (pipe2(ends.data(), O_CLOEXEC) != 0) {
+  const int result = both_ways ? socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data())
+                               : pipe2(ends.data(), O_CLOEXEC);
+  if (result != 0) {
     throw std::runtime_error("can't make a pipe: " + std::string(std::strerror(errno)));
   }
-  *read_end = ends[0];
-  *write_end = ends[1];
+  *here = ends[0];
+  *there = ends[1];
 }
 
 // A group of its own, that goes when zelctl goes; nothing to read, and nothing that it
@@ -59,6 +65,8 @@ bool Drain(int fd, std::string* text) {
 void RuleChannel::Found(const Finding& finding) {
   std::fflush(nullptr);  // what the library printed belongs to this rule
   Send(static_cast<char>('0' + static_cast<int>(finding.verdict)), finding.seen);
+  char go_on = 0;
+  while (read(fd_, &go_on, 1) < 0 && errno == EINTR) continue;
 }
 
 void RuleChannel::Send(char kind, const std::string& text) {
@@ -67,7 +75,7 @@ void RuleChannel::Send(char kind, const std::string& text) {
   frame.append(reinterpret_cast<const char*>(&size), sizeof size).append(text);
   for (size_t sent = 0; sent < frame.size();) {
     const ssize_t written = write(fd_, frame.data() + sent, frame.size() - sent);
-    if (written < 0 && errno != EINTR) _exit(1);  // nobody listens any more
+    if (written < 0 && errno != EINTR) _exit(kCutOff);
     sent += static_cast<size_t>(std::max<ssize_t>(written, 0));
   }
 }
@@ -75,14 +83,15 @@ void RuleChannel::Send(char kind, const std::string& text) {
 RuleProcess::RuleProcess(const std::function<void(RuleChannel*)>& rules) {
   int frames = -1;
   int printed = -1;
-  MakePipe(&frames_, &frames);
-  MakePipe(&printed_, &printed);
+  Connect(true, &frames_, &frames);
+  Connect(false, &printed_, &printed);
   std::cout.flush();
   std::cerr.flush();
   const pid_t parent = getpid();
   child_ = fork();
-  if (child_ < 0)
+  if (child_ < 0) {
     throw std::runtime_error("can't make a process: " + std::string(std::strerror(errno)));
+  }
   if (child_ == 0) {
     SetUpChild(parent, printed);
     RuleChannel channel(frames);
@@ -90,6 +99,7 @@ RuleProcess::RuleProcess(const std::function<void(RuleChannel*)>& rules) {
     _exit(0);
   }
   setpgid(child_, child_);  // whichever of the two comes first
+  guard_.emplace(child_);
   close(frames);
   close(printed);
 }
@@ -104,9 +114,9 @@ RuleProcess::~RuleProcess() {
 RuleProcess::Outcome RuleProcess::Await(std::chrono::seconds limit) {
   Outcome outcome;
   doing_.clear();
-  const auto deadline = Clock::now() + limit;
+  since_ = Clock::now();
   while (!TakeFinding(&outcome)) {
-    if (Clock::now() >= deadline) {
+    if (Clock::now() >= since_ + limit) {
       outcome.finding = {Verdict::kFailed,
                          "no answer in " + std::to_string(limit.count()) + " s" + While()};
       outcome.ended = true;
@@ -119,6 +129,7 @@ RuleProcess::Outcome RuleProcess::Await(std::chrono::seconds limit) {
     break;
   }
   while (ReadPrinted(&outcome)) continue;  // it was printed before the finding
+  if (!outcome.ended) send(frames_, "", 1, MSG_NOSIGNAL);
   return outcome;
 }
 
@@ -130,6 +141,9 @@ bool RuleProcess::ReadPrinted(Outcome* outcome) {
   const bool more = Drain(printed_, &text);
   const size_t room = kMostPrinted - std::min(kMostPrinted, outcome->printed.size());
   outcome->printed.append(text, 0, room);
+  if (text.size() > room && outcome->printed.size() <= kMostPrinted) {
+    outcome->printed.append("\n(and more)");
+  }
   return more;
 }
 
@@ -162,6 +176,7 @@ bool RuleProcess::TakeFinding(Outcome* outcome) {
     received_.erase(0, kHeader + size);
     if (kind == 'D') {
       doing_ = text;
+      since_ = Clock::now();
       continue;
     }
     outcome->finding = {static_cast<Verdict>(kind - '0'), text};
@@ -173,6 +188,9 @@ bool RuleProcess::TakeFinding(Outcome* outcome) {
 Finding RuleProcess::HowItEnded() {
   siginfo_t state = {};
   waitid(P_PID, static_cast<id_t>(child_), &state, WEXITED | WNOWAIT);
+  if (state.si_code == CLD_EXITED && state.si_status == kCutOff) {
+    return {Verdict::kFailed, "closed files of zelctl's" + While()};
+  }
   const std::string number = std::to_string(state.si_status);
   const bool exited = state.si_code == CLD_EXITED;
   return {Verdict::kFailed,

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A process of its own for the rules of a library: what kills, stops or ends it leaves
 // zelctl standing.
 #pragma once
@@ -6,9 +8,11 @@
 
 #include <chrono>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "devkit/zelctl/validate/finding.h"
+#include "devkit/zelctl/validate/group_guard.h"
 
 namespace zelctl {
 
@@ -19,6 +23,7 @@ class RuleChannel {
 
   // What the library is about to be asked, as "calling Init".
   void Doing(const std::string& what) { Send('D', what); }
+  // Waits until the finding has arrived, so that what is printed later is the next rule's.
   void Found(const Finding& finding);
 
  private:
@@ -42,8 +47,8 @@ class RuleProcess {
     std::string printed;  // by the library, on either standard stream
   };
 
-  // The next rule's finding. Where the child is gone, or silent for longer than
-  // `limit`, the finding says so.
+  // The next rule's finding. Where the child is gone, or the library takes longer than
+  // `limit` for what it is asked, the finding says so.
   Outcome Await(std::chrono::seconds limit);
 
  private:
@@ -54,10 +59,12 @@ class RuleProcess {
   std::string While() const { return doing_.empty() ? "" : " while " + doing_; }
 
   pid_t child_ = -1;
-  int frames_ = -1;   // from RuleChannel
+  int frames_ = -1;   // from RuleChannel, and a byte back for each finding
   int printed_ = -1;  // from the child's standard streams
   std::string received_;
   std::string doing_;
+  std::chrono::steady_clock::time_point since_;
+  std::optional<GroupGuard> guard_;
 };
 
 }  // namespace zelctl

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Colour differences and gamuts against published figures.
 #include <gtest/gtest.h>
 
@@ -6,7 +8,7 @@
 
 namespace {
 
-using namespace tarn::color;
+using namespace tarn::color;  // NOLINT(google-build-using-namespace)
 
 // Sharma, Wu, Dalal, Color Research and Application 30 (2005), table 1.
 constexpr struct {

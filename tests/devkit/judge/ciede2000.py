@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """CIE L*a*b* and the CIEDE2000 colour difference, on arrays whose last axis is the colour."""
 import numpy as np
 

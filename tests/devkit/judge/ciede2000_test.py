@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """The judge's own formula, against the published pairs."""
 import unittest
 

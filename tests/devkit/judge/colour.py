@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Transfer functions and matrices of the standards, written from their text alone."""
 import numpy as np
 

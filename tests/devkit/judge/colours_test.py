@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """What the modes of panels show, within limits of CIEDE2000.
 
 ZELCTL is the command under test; PANELS is the folder of the sample panels.

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Judges the colours that `zelctl render --image` makes of test pictures, as an eye would.
 
 Usage: judge.py [--option OPTION ...] PANELS ZELCTL...    prints the figures of all modes

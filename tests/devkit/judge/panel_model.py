@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What a mode's codes are to show, and what a panel shows of the codes that drive it.
 
 Colours are XYZ in cd/m2. A panel emits its black, of its own white, and on top of it what its

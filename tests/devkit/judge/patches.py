@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The test colours, as 8-bit codes of a mode's own signal."""
 import numpy as np
 

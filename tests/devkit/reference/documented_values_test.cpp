@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The ends and defaults that docs/panel-description.md states, in the order of its tables.
 #include <gtest/gtest.h>
 

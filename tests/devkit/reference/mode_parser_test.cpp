@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The mode parser on the panels that ship: what it answers, computes and refuses.
 #include <android/log.h>
 #include <gtest/gtest.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Panel descriptions that are refused: each names the place and the reason.
 #include <gtest/gtest.h>
 #include <unistd.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What a panel description says, as a text that two of them can be compared by.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Merging PCC matrices by the algorithm library, as the plug-in calls it.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Transfer functions against figures that the standards print.
 #include <gtest/gtest.h>
 

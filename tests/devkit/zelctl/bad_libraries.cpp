@@ -1,11 +1,17 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A mode parser and an algorithm library in one, for the tests of zelctl validate:
 // without a fault, but for the one that the environment variable FAULT names.
+#include <dlfcn.h>
+#include <unistd.h>
+
 #include <algorithm>
 #include <chrono>
 #include <cmath>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <fstream>
 #include <iostream>
 #include <memory>
 #include <stdexcept>
@@ -37,6 +43,18 @@ void DieIfAsked(const std::string& place) {
   if (Has("aborts" + place)) std::abort();
   if (Has("hangs" + place)) std::this_thread::sleep_for(std::chrono::hours(1));
   if (Has("exits" + place)) std::exit(place.empty() ? 0 : 7);
+  if (Has("closes files" + place)) {
+    for (int file = 3; file < 64; ++file) close(file);
+  }
+}
+
+// Writes the id of a process that never ends to the file that the environment names.
+void StartAProcess() {
+  const pid_t child = fork();
+  if (child == 0) {
+    for (;;) pause();
+  }
+  std::ofstream(std::getenv("PID_FILE")) << child;
 }
 
 template <typename T>
@@ -51,10 +69,15 @@ class BadLibrary : public Interface {
   int Init(const std::string& /*arg*/) override {
     DieIfAsked("");
     if (Has("prints")) std::puts("hello");
+    if (Has("hangs, having started a process")) {
+      StartAProcess();
+      for (;;) pause();
+    }
     if (Has("prints and fails")) {
       std::cerr << "no licence for x" << std::endl;
       return -1;
     }
+    if (Has("needs a neighbour") && dlopen("libneighbour.so", RTLD_NOW) == nullptr) return -2;
     if (Has("Init throws")) throw std::runtime_error("no panel");
     const bool again = std::getenv("STARTED") != nullptr;
     setenv("STARTED", "1", 1);
@@ -110,6 +133,7 @@ class BadParser : public BadLibrary<tarn::ModeParserIntf> {
     auto* answer = RecordIn<tarn::HwConfigOutputParams>(*out);
     if (request->mode.gamut > 2 && !Has("any mode")) return -22;
     DieIfAsked(op == tarn::kZelModeSwAssets ? " in software assets" : " in a render intent");
+    if (Has("slow")) std::this_thread::sleep_for(std::chrono::milliseconds(200));
     if (Has("writes request")) request->aux_word = 1;
     if (Has("writes envelope")) out->len = 0;
     if (Has("writes answer version")) answer->version = 56;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Colour blocks as functions, on records made by hand, and the gamut that they make.
 #include <gtest/gtest.h>
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What the subcommands print, and what they ask of a plug-in.
 #include <gtest/gtest.h>
 
@@ -25,7 +27,9 @@ TEST(Command, PrintsWhatTheReadmeShows) {
     const std::string arguments = line.substr(prompt.size());
     std::string shown;
     while (std::getline(readme, line) && !line.empty() && line != "```") shown += line + '\n';
-    const std::string out = RunZelctl(arguments).out;
+    const auto [status, out, err] = RunZelctl(arguments);
+    EXPECT_EQ(err, "") << "a terminal shows it too";
+    EXPECT_EQ(status, 0);
     const bool end_only = shown.starts_with("...\n");
     EXPECT_TRUE(end_only ? out.ends_with(shown.substr(4)) : out == shown) << arguments << '\n'
                                                                           << out;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Wrong input and failed calls: one line, the exit status, no file touched.
 #include <gtest/gtest.h>
 
@@ -23,6 +25,8 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
     std::string before = {};
   } cases[] = {
       {"", "which subcommand? See zelctl --help"},
+      {"modes caps", "nothing takes 'caps'"},
+      {"help", "no command 'help'; see zelctl --help"},
       {"modes --panel /nowhere", "can't read panel /nowhere: No such file or directory"},
       {"modes --panel /", "can't read panel /: Is a directory"},
       {"modes --plugin /etc/passwd", "can't load plug-in /etc/passwd: invalid ELF header"},
@@ -32,12 +36,20 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
       {"render 0 --dimming ''", "--dimming: '' is not a number"},
       {"render 0 --dimming 1e999", "--dimming: '1e999' is not a finite number"},
       {"render 0 --color-transform 1,2",
-       "--color-transform: '1,2' is neither the name of a colour transform nor 16 numbers"},
+       "--color-transform: a matrix takes 16 numbers, not 2: '1,2'"},
+      {"render 0 --color-transform greyscale",
+       "--color-transform: no colour transform 'greyscale'; there are night:KELVIN, deuteranomaly, "
+       "grayscale, identity, inversion, protanomaly, tritanomaly, and 16 numbers; did you mean "
+       "'grayscale'?"},
       {"render 0 --color-transform night:1666",
        "--color-transform: night light takes 1667 to 25000 kelvin, not 1666"},
       {"render 0 --ltm " + few, "--ltm: " + few + ": $.r: expected 4 or 11 numbers"},
       {"render 0 --ltm " + extra, "--ltm: " + extra + ": $: unknown key \"on\""},
-      {"render 0 --igc-entries 0", "--igc-entries: Value 0 not in range 1 to 1024"},
+      {"render 0 --igc-entries 0", "--igc-entries: '0' is not a whole number from 1 to 1024"},
+      {"render 0 --repeat 1e2", "--repeat: '1e2' is not a whole number from 1 to 1000"},
+      {"render 0 --gc-bits 4294967296",
+       "--gc-bits: '4294967296' is not a whole number from 0 to 4294967295"},
+      {"render 0 --tables", "--tables requires --json"},
       {"render 0 --repeat 2 --steps", "--repeat excludes --steps"},
       {"render 0 -o " + png, "--output requires --image"},
       {image + "out.jpg", "--output: out.jpg must end in .png"},

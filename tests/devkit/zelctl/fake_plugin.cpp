@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A plug-in that does what the real one never would: modes of the same label,
 // blocks that no one knows, failures. The environment variable FAIL names the
 // call that is to fail, and its code: "SetProperty-95".

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """Help, man page and completion: each says what the others say, and every example runs.
 
 In the environment: ZELCTL, the program; SOURCE, the tree; LIBRARY, a mode parser; VERSION.
@@ -77,6 +78,7 @@ class Help(unittest.TestCase):
             ("zelctl render display", {"display_p3"}),
             ("zelctl render srgb --dim", {"--dimming"}),
             ("zelctl plot srgb --what p", {"pcc"}),
+            ("zelctl report display_p3 --pat", {"--patches"}),
             ("zelctl validate --time", {"--timeout"}),
             ("zelctl import --targets disp", {"display_p3"}),
             ("zelctl render srgb --stri", {"--strict"}),
@@ -116,6 +118,7 @@ class Help(unittest.TestCase):
             self.assertEqual(ended.returncode, 0)
             if took > 3:
                 self.assertRegex(shown, r"\rpicture: [0-9]+ %")
+                self.assertIn("picture: writing", shown)
             if shown:
                 self.assertTrue(shown.endswith("\r\x1b[K"), shown[-40:])
 
@@ -123,9 +126,11 @@ class Help(unittest.TestCase):
         cases = [
             ("rendr srgb --dimming 1", "no command 'rendr'; did you mean 'render'?"),
             ("frobnicate", "no command 'frobnicate'"),
+            ("--pannel x", "no option '--pannel'; did you mean '--panel'?"),
             ("render srgb --diming 1", "no option '--diming'; did you mean '--dimming'?"),
             ("modes --panle=x", "no option '--panle=x'; did you mean '--panel'?"),
             ("modes extra", "nothing takes 'extra'"),
+            ("render sRGB", "no mode 'sRGB'; did you mean 'srgb'?; valid modes: "),
             ("render srbg", "no mode 'srbg'; did you mean 'srgb'?; valid modes: "),
         ]
         for arguments, line in cases:

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // For zelctl validate: a library that is linked to another C++ runtime, or one that needs
 // what nobody has, by the definition of UNDEFINED_SYMBOL.
 #include <string>

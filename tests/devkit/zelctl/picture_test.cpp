@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Pictures that go through the blocks of the default panel's modes.
 #include <gtest/gtest.h>
 #include <png.h>

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The plots of a mode.
 #include <gtest/gtest.h>
 
@@ -43,6 +45,18 @@ TEST(Plot, DrawsExtremes) {
   }
 }
 
+// On the narrowest page two lines take what one has no room for.
+TEST(Plot, TitleFitsThePage) {
+  const std::string settings = "1 --dimming 0.5 --color-transform night:3400 --what ";
+  const std::string wide = Drawn(".svg", settings + "all");
+  const std::string line = "Mode 1 srgb (1:1:0)";
+  const std::string rest = "of 6.4 inch wide-gamut OLED phone panel + transform + dimming";
+  EXPECT_EQ(Count(wide, ">" + line + " " + rest + "<"), 2) << "title of document and page";
+  const std::string narrow = Drawn(".svg", settings + "gamut");
+  EXPECT_EQ(Count(narrow, ">" + line + "<"), 1);
+  EXPECT_EQ(Count(narrow, ">" + rest + "<"), 1);
+}
+
 // gnuplot expands texts in some quotes, and runs what stands in backquotes.
 TEST(Plot, ShowsALabelAsItIs) {
   const std::string label = R"(a'b`false`\"@x\\n{_2})";
@@ -81,6 +95,18 @@ TEST(Plot, NeedsThePanelOfAnotherParser) {
             "--what curves and --what pcc can\n");
   EXPECT_EQ(RunZelctl(own + " --what curves").status, 0);
   EXPECT_EQ(RunZelctl(own + " --panel " PANELS "phone-oled.json").status, 0);
+  const std::string sample =
+      "$(dirname " ZELTARN_LIBRARY ")/../share/zeltarn/panels/phone-oled.json";
+  EXPECT_EQ(RunZelctl(own + " --panel " + sample).status, 0) << "it was asked for";
+
+  const std::string copy = WriteFile("libtarn-json-mode-parser.so", "");
+  std::filesystem::copy_file(
+      std::filesystem::path(ZELTARN_LIBRARY).replace_filename("libtarn-json-mode-parser.so"), copy,
+      std::filesystem::copy_options::overwrite_existing);
+  const std::string found = "LD_LIBRARY_PATH=" + std::filesystem::path(copy).parent_path().string();
+  const std::string plot = "plot 0 -o " + WriteFile("plot.svg", "");
+  EXPECT_EQ(RunZelctl(plot, found).err, refused.err);
+  EXPECT_EQ(RunZelctl(plot + " --what pcc", found).status, 0);
 }
 
 }  // namespace

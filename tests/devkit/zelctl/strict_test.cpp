@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Somebody's own libraries: the ones that --parser and --algo name, and answers of theirs
 // that a host does not get whole.
 #include <gtest/gtest.h>
@@ -16,7 +18,7 @@ using nlohmann::json;
 ZelctlRun RunOwn(const std::string& arguments, const std::string& fault) {
   ZelctlRun run = RunZelctl(
       "--parser " BAD_LIBRARIES " --algo " BAD_LIBRARIES " --panel /dev/null " + arguments,
-      "FAULT='" + fault + "'");
+      "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + fault + "'");
   std::istringstream said(run.err);
   run.err.clear();
   for (std::string line; std::getline(said, line);) {
@@ -41,6 +43,15 @@ TEST(OwnLibraries, AreUsedUnderWhateverName) {
     return json::parse(merged.out)["rounds"][0]["pcc"]["rows"]["g"];
   };
   EXPECT_NE(rows(""), rows("wrong order"));
+}
+
+// The loader looks where the library says, not where zelctl does.
+TEST(OwnLibraries, FindTheirNeighbours) {
+  const std::string own = WriteFile("own.so", ReadFile(BAD_LIBRARIES));
+  const std::string modes = "modes --panel /dev/null --parser " + own;
+  EXPECT_EQ(RunZelctl(modes, "FAULT='needs a neighbour'").status, 1);
+  WriteFile("libneighbour.so", ReadFile(FAKE_PLUGIN));
+  EXPECT_EQ(RunZelctl(modes, "FAULT='needs a neighbour'").status, 0);
 }
 
 TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
@@ -92,6 +103,32 @@ TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
   EXPECT_EQ(json::parse(nan.out)["rounds"][0]["pcc"]["rows"]["b"][10], "nan");
 }
 
+TEST(OwnLibraries, DontEndZelctlInSilence) {
+  const std::string more = "; zelctl validate says more\n";
+  const struct {
+    const char* arguments;
+    const char* fault;
+    std::string line;
+  } cases[] = {
+      {"modes", "crashes", "killed by signal 11 while calling Init of the mode parser" + more},
+      {"render 0", "aborts in a render intent",
+       "killed by signal 6 while asking the mode parser for the render intent of mode 1:1:0" +
+           more},
+      {"modes", "exits", "the process was ended while calling Init of the mode parser" + more},
+      {"assets 0", "exits in DeInit",
+       "the process was ended while calling DeInit of the mode parser" + more},
+      {"modes", "Init throws",
+       "an exception left the library while calling Init of the mode parser: no panel\n"},
+  };
+  for (const auto& test : cases) {
+    const ZelctlRun run = RunOwn(test.arguments, test.fault);
+    EXPECT_EQ(run.err, test.line);
+    if (test.line.find("killed") == 0) continue;  // the signal is the status
+    EXPECT_EQ(run.status, 1) << test.fault;
+    EXPECT_EQ(run.out, test.arguments == std::string("assets 0") ? "no blocks\n" : "");
+  }
+}
+
 TEST(OwnLibraries, SayInTheLoadersWordsWhyTheyCantBeUsed) {
   const struct {
     std::string arguments;
@@ -105,8 +142,13 @@ TEST(OwnLibraries, SayInTheLoadersWordsWhyTheyCantBeUsed) {
       {"--parser " ZELTARN_LIBRARY " modes",
        "can't use mode parser " ZELTARN_LIBRARY ": it exports no GetTarnZelInterface"},
       {"--parser /nowhere modes", "can't read parser /nowhere: No such file or directory"},
+#ifdef LIBSTDCXX_LIBRARY
+      {"--algo " LIBSTDCXX_LIBRARY " modes", "can't use algorithm library " LIBSTDCXX_LIBRARY
+                                             ": linked to another C++ runtime, libstdc++.so.6: "
+                                             "records hold strings and vectors of libc++"},
+#endif
       {"--panel /dev/null modes --parser " BAD_LIBRARIES,
-       "can't use mode parser " BAD_LIBRARIES ": Init(\"/dev/null\") answered -5 (EIO)"},
+       "mode parser " BAD_LIBRARIES ": Init(\"/dev/null\") answered -5 (EIO)"},
   };
   for (const auto& test : cases) {
     const ZelctlRun run = RunZelctl(test.arguments + " --json", "FAULT='Init fails'");

@@ -1,5 +1,8 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // zelctl validate with the reference libraries, and with libraries that have one fault.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -169,6 +172,7 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
       {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
       {"parser", "is killed", "software assets",
        "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
+      {"parser", "closes files", "initialises", "closed files of zelctl's while calling Init"},
       {"algo", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
   };
   for (const auto& test : cases) {
@@ -193,7 +197,41 @@ TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
   }
 }
 
-// What the library prints is no line of the report, and no process is left over.
+// The limit is for a call, not for all that a rule asks.
+TEST(Validate, WaitsForASlowLibrary) {
+  const ZelctlRun run =
+      RunZelctl("validate --timeout " TIMEOUT " --parser " BAD_LIBRARIES " --arg x", "FAULT=slow");
+  EXPECT_EQ(run.status, 0) << run.out;
+}
+
+// A process that has ended may still have its number, until its parent asks.
+bool Runs(const std::string& pid) {
+  const std::string state = ReadFile("/proc/" + pid + "/stat");
+  return !state.empty() && state.find(") Z ") == std::string::npos;
+}
+
+// When it ended by itself, and when somebody ended it.
+TEST(Validate, LeavesNoProcess) {
+  const std::string later = std::to_string(std::stoi(TIMEOUT) + 1);
+  for (const auto& end : {std::string(), "timeout -s INT " + later}) {
+    const std::string file = WriteFile("pid", "");
+    RunZelctl("validate --timeout " + std::string(end.empty() ? TIMEOUT : "60") +
+                  " --algo " BAD_LIBRARIES " --arg x",
+              "FAULT='hangs, having started a process' PID_FILE=" + file + " " + end);
+    const std::string pid = ReadFile(file);
+    ASSERT_NE(pid, "");
+    for (int i = 0; i < 100 && Runs(pid); ++i) usleep(20'000);
+    EXPECT_FALSE(Runs(pid)) << end;
+  }
+}
+
+TEST(Validate, NeedsNoStandardStreams) {
+  EXPECT_EQ(RunZelctl("validate <&- >&-").err, "zelctl: can't write to standard output\n");
+  const ZelctlRun run = RunZelctl("validate <&- 2>&-");
+  EXPECT_EQ(run.status, 0) << run.out;
+}
+
+// What the library prints is no line of the report.
 TEST(Validate, KeepsTheLibrarysOwnLinesApart) {
   const ZelctlRun quiet = RunZelctl("validate --json --algo " BAD_LIBRARIES, "FAULT='prints'");
   EXPECT_TRUE(json::accept(quiet.out)) << quiet.out;

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The part of the Android log that the plug-in calls.
 #pragma once
 

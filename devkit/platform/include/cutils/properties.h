@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The part of Android's system properties that the plug-in calls.
 #pragma once
 

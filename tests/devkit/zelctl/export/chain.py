@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """The colour blocks in double precision, from the tables of `zelctl export --format json`."""
 import json
 

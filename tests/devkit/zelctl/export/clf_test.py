@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """CLF files, as OpenColorIO reads them."""
 import copy
 import json

@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """.cube files, as OpenColorIO and ffmpeg read them, against the blocks themselves."""
 import re
 import subprocess
@@ -59,19 +60,16 @@ class Cube(Case):
         text = path.read_text()
         self.assertIn(said.removeprefix("zelctl: warning: "), text)
         chain = Chain(self.export("phone-oled", "bt2020_st2084", "json")[0])
-        self.nodes_are_exact(path, chain, 65)
-
         codes = np.concatenate([np.arange(9), 8 + np.cumsum([2, 3, 1] * 41), [255]])
         greys = np.repeat(np.arange(256)[:, None], 3, axis=1)
         colors = np.concatenate([greys, all_colors(codes)]) / 255
         exact = chain(colors)
-        for interpolation in "tetrahedral", "trilinear":
-            stated = re.search(rf"^# {interpolation} .*: largest (.*), mean (.*)$", text, re.M)
-            for read in by_ocio, by_ffmpeg:
-                with self.subTest(reader=read.__name__, interpolation=interpolation):
-                    error = 255 * abs(read(path, colors, interpolation) - exact)
-                    self.assertAlmostEqual(error.max(), float(stated[1]), delta=0.006)
-                    self.assertAlmostEqual(error.mean(), float(stated[2]), delta=0.0006)
+        for read, interpolation in (by_ocio, "trilinear"), (by_ffmpeg, "tetrahedral"):
+            with self.subTest(reader=read.__name__):
+                stated = re.search(rf"^# {interpolation} .*: largest (.*), mean (.*)$", text, re.M)
+                error = 255 * abs(read(path, colors, interpolation) - exact)
+                self.assertAlmostEqual(error.max(), float(stated[1]), delta=0.006)
+                self.assertAlmostEqual(error.mean(), float(stated[2]), delta=0.0006)
 
 
 if __name__ == "__main__":

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """ICC profiles, as Little CMS and ArgyllCMS read them, against the panel's description."""
 import copy
+import subprocess
 
 import numpy as np
 from PIL import ImageCms
 
-from support import PANELS, Case, all_colors, main, needs, run
+from support import PANELS, ZELCTL, Case, all_colors, main, needs, run
 
 from ciede2000 import difference, lab
 from colour import bradford, xyz_of
@@ -66,6 +68,12 @@ class Icc(Case):
                 self.assertLess(float(said.split("max. = ")[1].split(",")[0]), 0.02, said)
 
     def test_tells_what_a_profile_cannot_be(self):
+        for kind in "icc", "ti3":  # of a panel that nobody described
+            done = subprocess.run([*ZELCTL, "--parser", "own.so", "export", "native", "--format",
+                                   kind, "-o", str(self.folder / "x")],
+                                  capture_output=True, text=True, check=False)
+            self.assertEqual(done.returncode, 2)
+            self.assertIn("a parser of your own, but no --panel", done.stderr)
         for mode, options, said in (
                 ("srgb", (), "asks for other colours than the panel's own"),
                 ("native", ("--dimming", "0.5"), "takes no colour transform, LTM and dimming"),

@@ -1,3 +1,4 @@
+# SPDX-License-Identifier: Apache-2.0
 """What the tests of `zelctl export` share.
 
 ZELCTL is the command under test, PANELS the folder of the sample panels.

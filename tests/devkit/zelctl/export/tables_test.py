@@ -1,4 +1,5 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """JSON and CSV tables, read by Python's own readers; and what the command refuses."""
 import csv
 import json

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
+# SPDX-License-Identifier: Apache-2.0
 """Patches as CGATS, as ArgyllCMS's colverify compares them, against the report's figures."""
+import copy
 import json
 import re
 
 import numpy as np
 
-from support import MODES, Case, main, needs, run
+from support import MODES, PANELS, Case, main, needs, run
 
 from ciede2000 import difference, lab
 
@@ -69,7 +71,10 @@ class Ti3(Case):
         self.assertAlmostEqual(luminance[1] / luminance[0], 0.5, delta=0.005)
 
     def test_a_black_mode_is_refused(self):
-        done = self.zelctl("phone-oled", "export", "native", "--format", "ti3", "--dimming", "0",
+        description = copy.deepcopy(PANELS["phone-oled"])
+        description["panel"]["luminance"]["black"] = 0
+        self.add_panel("dark", description)
+        done = self.zelctl("dark", "export", "native", "--format", "ti3", "--dimming", "0",
                            "-o", str(self.folder / "x.ti3"))
         self.assertEqual(done.returncode, 2)
         self.assertIn("full white of the mode has no light", done.stderr)

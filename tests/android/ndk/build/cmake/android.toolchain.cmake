@@ -1,3 +1,5 @@
+# SPDX-License-Identifier: Apache-2.0
+
 # A stand-in for the NDK's toolchain file: takes the variables that the preset "android"
 # sets, and compiles for 64-bit Arm with Debian's packages (scripts/arm64-sysroot.sh).
 foreach(expected ANDROID_ABI=arm64-v8a ANDROID_STL=c++_shared ANDROID_PLATFORM=android-30)
