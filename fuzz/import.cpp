@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Profiles and measurements: each is refused with a reason, or becomes a description that
 // the panel reader takes.
 #include <string>

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include <filesystem>
 #include <iostream>
 #include <system_error>
@@ -17,13 +18,11 @@ void RunImport(const GlobalOptions& globals, const ImportArguments& arguments) {
   if (std::filesystem::equivalent(arguments.file, arguments.output, none_there)) {
     throw UsageError("--output: " + arguments.output + " is the file to import");
   }
-  const Json description = ImportPanel(
-      arguments.file, ReadWhole(arguments.file, "file"), arguments.options);
+  const Json description =
+      ImportPanel(arguments.file, ReadWhole(arguments.file, "file"), arguments.options);
   WriteOutput(arguments.output, DescriptionText(description));
   if (globals.json) {
-    PrintJson({{"output", arguments.output},
-               {"source", description["source"]}},
-              std::cout);
+    PrintJson({{"output", arguments.output}, {"source", description["source"]}}, std::cout);
     return;
   }
   for (const auto& line : description["source"]) {

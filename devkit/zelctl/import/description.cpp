@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/description.h"
 
 #include <algorithm>
@@ -94,8 +95,7 @@ double Chosen(const std::optional<double>& option, const std::optional<double>& 
   return value;
 }
 
-Json Transfer(const ImportOptions& options, std::vector<std::string>* missing,
-              PanelFacts* facts) {
+Json Transfer(const ImportOptions& options, std::vector<std::string>* missing, PanelFacts* facts) {
   const bool known = !facts->ramps[0].empty();
   if (options.transfer) {
     facts->source.push_back("transfer: " + *options.transfer + ", by --transfer" +
@@ -137,24 +137,24 @@ Json PrimariesJson(const tarn::color::Primaries& primaries) {
 
 Json Describe(const ImportOptions& options, PanelFacts* facts) {
   std::vector<std::string> missing;
-  const double peak =
-      Chosen(options.peak, facts->peak, "peak", "--peak", &missing, &facts->source);
+  const double peak = Chosen(options.peak, facts->peak, "peak", "--peak", &missing, &facts->source);
   std::optional<double> black;
   if (facts->black) black = *facts->black * peak;
   const double black_chosen =
       Chosen(options.black, black, "black", "--black", &missing, &facts->source);
   if (!options.bit_depth) missing.emplace_back("the depth of the panel's signal (--bit-depth)");
   const Json transfer = Transfer(options, &missing, facts);
-  if (!missing.empty()) throw UsageError("it does not say, so say with an option: " + Joined(missing));
+  if (!missing.empty())
+    throw UsageError("it does not say, so say with an option: " + Joined(missing));
 
   const auto& primaries = facts->primaries;
   facts->source.push_back("bit depth: " + std::to_string(*options.bit_depth) + ", by --bit-depth");
-  Json panel = {{"primaries",
-PrimariesJson(primaries)},
-                {"white", Pair(primaries.white)},
-                {"luminance", {{"peak", Rounded(peak, 1e6)}, {"black", Rounded(black_chosen, 1e6)}}},
-                {"transfer", transfer},
-                {"bit_depth", *options.bit_depth}};
+  Json panel = {
+      {"primaries", PrimariesJson(primaries)},
+      {"white", Pair(primaries.white)},
+      {"luminance", {{"peak", Rounded(peak, 1e6)}, {"black", Rounded(black_chosen, 1e6)}}},
+      {"transfer", transfer},
+      {"bit_depth", *options.bit_depth}};
   return {{"format", 1},
           {"name", options.name.value_or(facts->name)},
           {"source", Json::array()},

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // A panel description from facts.
 #pragma once
 
@@ -13,8 +15,8 @@ namespace zelctl {
 void CheckOptions(const ImportOptions& options);
 
 // A description with a native mode and those of the options, which are checked. Throws
-// UsageError that names all that neither facts nor options say. Adds to `facts->source` what the options
-// said and which form the transfer function took.
+// UsageError that names all that neither facts nor options say. Adds to `facts->source` what the
+// options said and which form the transfer function took.
 Json Describe(const ImportOptions& options, PanelFacts* facts);
 
 // The value of "primaries".

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/icc_facts.h"
 
 #include <cmath>
@@ -23,8 +24,6 @@ using tarn::color::XyzToLab;
 constexpr Vec3 kPcsWhite = {0.9642, 1, 0.8249};
 
 Vec3 Column(const Mat3& m, size_t i) { return {m[0][i], m[1][i], m[2][i]}; }
-
-
 
 bool IsColor(const Vec3& xyz) {
   return std::isfinite(xyz[0] + xyz[1] + xyz[2]) && xyz[1] > 0 && xyz[0] + xyz[1] + xyz[2] > 0;
@@ -77,8 +76,7 @@ void TakeColors(const IccProfile& profile, PanelFacts* facts) {
                       .white = ChromaticityOf(white, "white, the sum of its colorants,")};
   std::string line = "white: the sum of the colorants, " + ChromaticityText(facts->primaries.white);
   const Vec3 expected = Multiply(unadapted, kPcsWhite);
-  const double difference =
-      Ciede2000(XyzToLab(white, expected), XyzToLab(expected, expected));
+  const double difference = Ciede2000(XyzToLab(white, expected), XyzToLab(expected, expected));
   constexpr double kSeen = 0.1;
   if (difference > kSeen) {
     line += "; " + DifferenceText(difference) + " from the white that it is adapted from";
@@ -95,8 +93,8 @@ void TakeBlack(const IccProfile& profile, PanelFacts* facts) {
                             " of the peak");
   } else if (at_zero > 0 && white > 0) {
     facts->black = at_zero / white;
-    facts->source.push_back("black: light of the curves at signal 0, " +
-                            NumberText(*facts->black) + " of the peak");
+    facts->source.push_back("black: light of the curves at signal 0, " + NumberText(*facts->black) +
+                            " of the peak");
   } else if (profile.black) {
     facts->black = 0;
     facts->source.push_back("black: 0, as the black point (bkpt) says");

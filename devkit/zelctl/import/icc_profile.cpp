@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/icc_profile.h"
 
 #include <lcms2.h>
@@ -27,8 +28,7 @@ constexpr const char* kSupported =
 // A profile and what Little CMS says about it.
 class Profile {
  public:
-  explicit Profile(std::string_view bytes)
-      : context_(cmsCreateContext(nullptr, &complaints_)) {
+  explicit Profile(std::string_view bytes) : context_(cmsCreateContext(nullptr, &complaints_)) {
     cmsSetLogErrorHandlerTHR(context_.get(), &Profile::Keep);
     const auto size = static_cast<cmsUInt32Number>(bytes.size());
     profile_.reset(cmsOpenProfileFromMemTHR(context_.get(), bytes.data(), size));
@@ -53,7 +53,7 @@ class Profile {
     return *static_cast<const T*>(contents);
   }
 
-   private:
+ private:
   struct Closer {
     void operator()(void* profile) const { cmsCloseProfile(profile); }
   };
@@ -86,10 +86,9 @@ Ramp Curve(const cmsToneCurve& curve) {
   Ramp ramp(size);
   for (size_t i = 0; i < size; ++i) {
     ramp[i].signal = static_cast<double>(i) / static_cast<double>(size - 1);
-    const double light =
-        formula ? static_cast<double>(
-                      cmsEvalToneCurveFloat(&curve, static_cast<cmsFloat32Number>(ramp[i].signal)))
-                : table[i] / 65535.0;
+    const double light = formula ? static_cast<double>(cmsEvalToneCurveFloat(
+                                       &curve, static_cast<cmsFloat32Number>(ramp[i].signal)))
+                                 : table[i] / 65535.0;
     // What a formula gives beyond the range is clipped, as ICC.1 has it.
     ramp[i].light = std::isnan(light) ? 0 : std::clamp(light, 0.0, 1.0);
   }
@@ -116,7 +115,7 @@ void CheckKind(const Profile& profile) {
     if (profile.Has(tag)) continue;
     const bool tables = profile.Has(cmsSigAToB0Tag) || profile.Has(cmsSigDToB0Tag);
     Refuse((tables ? "a profile of tables (A2B0) alone" : "no matrix and TRC curves") +
-                   std::string(kSupported));
+           std::string(kSupported));
   }
 }
 
@@ -149,8 +148,8 @@ IccProfile ReadIccProfile(std::string_view bytes) {
   size_t stated = 0;  // Little CMS passes over what lies beyond the end
   for (size_t i = 0; i < 4; ++i) stated = stated << 8 | static_cast<unsigned char>(bytes[i]);
   if (bytes.size() < std::max(stated, kHeaderBytes)) {
-    throw UsageError("truncated: the header says " + std::to_string(stated) +
-                     " bytes, there are " + std::to_string(bytes.size()));
+    throw UsageError("truncated: the header says " + std::to_string(stated) + " bytes, there are " +
+                     std::to_string(bytes.size()));
   }
   Profile profile(bytes);
   CheckKind(profile);
@@ -163,7 +162,8 @@ IccProfile ReadIccProfile(std::string_view bytes) {
   }
   if (profile.Has(cmsSigChromaticAdaptationTag)) {
     const double* chad = &profile.Need<double>(cmsSigChromaticAdaptationTag, "chad");
-    out.chad = {{{chad[0], chad[1], chad[2]}, {chad[3], chad[4], chad[5]}, {chad[6], chad[7], chad[8]}}};
+    out.chad = {
+        {{chad[0], chad[1], chad[2]}, {chad[3], chad[4], chad[5]}, {chad[6], chad[7], chad[8]}}};
   }
   if (profile.Has(cmsSigLuminanceTag)) {
     const double luminance = profile.Need<cmsCIEXYZ>(cmsSigLuminanceTag, "lumi").Y;

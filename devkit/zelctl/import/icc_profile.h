@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Display profiles (ICC.1), by Little CMS.
 #pragma once
 
@@ -15,14 +17,14 @@ namespace zelctl {
 struct IccProfile {
   double version = 0;
   std::string description;
-  tarn::color::Mat3 colorants = {};               // in D50: red, green and blue are columns
-  std::array<tarn::color::Ramp, 3> curves;   // signal and light from 0 to 1
-  tarn::color::Vec3 white = {};                   // wtpt
-  std::optional<tarn::color::Vec3> black;    // bkpt
-  std::optional<tarn::color::Mat3> chad;     // from the display's white to D50
-  std::optional<double> luminance;           // lumi, cd/m2; above 0
-  bool has_tables = false;                   // A2B0 too
-  bool has_calibration = false;              // vcgt
+  tarn::color::Mat3 colorants = {};         // in D50: red, green and blue are columns
+  std::array<tarn::color::Ramp, 3> curves;  // signal and light from 0 to 1
+  tarn::color::Vec3 white = {};             // wtpt
+  std::optional<tarn::color::Vec3> black;   // bkpt
+  std::optional<tarn::color::Mat3> chad;    // from the display's white to D50
+  std::optional<double> luminance;          // lumi, cd/m2; above 0
+  bool has_tables = false;                  // A2B0 too
+  bool has_calibration = false;             // vcgt
 };
 
 // Whether the file's signature is that of a profile.

@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/import_panel.h"
 
 #include <filesystem>
@@ -41,16 +42,15 @@ Json Complete(const ImportOptions& options, const std::vector<MeasuredColor>& co
 }
 
 Json ImportProfile(const std::string& bytes, const std::string& name,
-                            const ImportOptions& options) {
+                   const ImportOptions& options) {
   PanelFacts facts = FactsOf(ReadIccProfile(bytes));
   facts.source.front().insert(0, name + ": ");
   if (facts.name.empty()) facts.name = name;
   return Complete(options, {}, std::move(facts));
 }
 
-Json ImportMeasurements(const CgatsTable& table, const std::string& name,
-                                 const ImportOptions& options) {
-  const DisplayReadings readings = ReadingsOf(table);
+Json ImportMeasurements(const CgatsTable& table, const DisplayReadings& readings,
+                        const std::string& name, const ImportOptions& options) {
   const std::vector<MeasuredColor> colors = Averaged(readings.readings);
   PanelFacts facts = FactsOf(colors, readings);
   facts.source.front().insert(0, name + ": ");
@@ -70,13 +70,13 @@ bool IsCgats(const std::string& bytes) {
 
 }  // namespace
 
-Json ImportPanel(const std::string& path, const std::string& bytes,
-                          const ImportOptions& options) {
+Json ImportPanel(const std::string& path, const std::string& bytes, const ImportOptions& options) {
   const std::string name = PlainText(std::filesystem::path(path).filename().string());
   if (IsCgats(bytes)) {
     const CgatsTable table = ReadCgats(path, bytes);
+    const DisplayReadings readings = ReadingsOf(table, std::nullopt);
     try {
-      return ImportMeasurements(table, name, options);
+      return ImportMeasurements(table, readings, name, options);
     } catch (const UsageError& e) {
       throw UsageError(path + ": " + e.what());
     }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Texts of one line about what was read.
 #pragma once
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // The colours of a measurement: each signal once.
 #pragma once
 
@@ -5,7 +7,7 @@
 #include <vector>
 
 #include "devkit/reference/panel/panel.h"
-#include "devkit/zelctl/import/readings.h"
+#include "devkit/zelctl/cgats/readings.h"
 
 namespace zelctl {
 

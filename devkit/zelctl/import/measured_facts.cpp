@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/measured_facts.h"
 
 #include <algorithm>
@@ -12,8 +13,8 @@ namespace {
 
 using tarn::color::Chromaticity;
 using tarn::color::Ciede2000;
-using tarn::color::Mat3;
 using tarn::color::Inverse;
+using tarn::color::Mat3;
 using tarn::color::Multiply;
 using tarn::color::Ramp;
 using tarn::color::RampPoint;
@@ -36,8 +37,7 @@ std::string Times(const MeasuredColor& color) {
          (color.readings.size() == 1 ? " reading" : " readings");
 }
 
-const MeasuredColor& Need(const Colors& colors, const Vec3& signal,
-                          const std::string& what) {
+const MeasuredColor& Need(const Colors& colors, const Vec3& signal, const std::string& what) {
   const MeasuredColor* color = Find(colors, signal);
   if (color != nullptr && color->xyz[1] > 0) return *color;
   throw UsageError("no " + what + " was measured (" + SignalText(signal) + ")");
@@ -55,7 +55,8 @@ Ramp Steps(const Colors& colors, const Vec3& full, const Vec3& black, const Vec3
   Ramp ramp;
   for (const MeasuredColor& color : colors) {
     const double signal = *std::max_element(color.signal.begin(), color.signal.end());
-    const MeasuredColor* step = Find(colors, {signal * full[0], signal * full[1], signal * full[2]});
+    const MeasuredColor* step =
+        Find(colors, {signal * full[0], signal * full[1], signal * full[2]});
     if (step != &color) continue;
     const Vec3 light = Without(black, color.xyz);
     // Along the colour of full signal: blue has too little luminance to be told by it.
@@ -172,7 +173,7 @@ PanelFacts FactsOf(const Colors& colors, const DisplayReadings& readings) {
                          " readings of " + std::to_string(colors.size()) +
                          " colours, device values from 0 to " + NumberText(readings.full_scale));
   const Ends ends = TakeEnds(colors, &facts);
-  if (readings.cdm2_per_unit) facts.peak = ends.white[1] * *readings.cdm2_per_unit;
+  if (readings.unit) facts.peak = ends.white[1] * *readings.unit;
   if (const std::string spread = SpreadText(colors, ends.white); !spread.empty()) {
     facts.source.push_back(spread);
   }

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // What a file of another kind says about a panel.
 #pragma once
 
@@ -28,11 +30,11 @@ inline constexpr const char* kCalibrated =
 
 // What the user says about the panel; what is unset must be in the file.
 struct ImportOptions {
-  std::optional<double> peak;            // cd/m2
-  std::optional<double> black;           // cd/m2
-  std::optional<unsigned> bit_depth;     // of the panel's signal
-  std::optional<std::string> transfer;   // "linear", "srgb" or an exponent
-  std::vector<std::string> targets;      // modes beside the native one
+  std::optional<double> peak;           // cd/m2
+  std::optional<double> black;          // cd/m2
+  std::optional<unsigned> bit_depth;    // of the panel's signal
+  std::optional<std::string> transfer;  // "linear", "srgb" or an exponent
+  std::vector<std::string> targets;     // modes beside the native one
   std::optional<std::string> name;
 };
 

@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Curves from signal to light, brought into the form of a panel description.
 #pragma once
 

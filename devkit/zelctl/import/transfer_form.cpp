@@ -1,3 +1,4 @@
+// SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/import/transfer_form.h"
 
 #include <algorithm>
@@ -106,7 +107,8 @@ Json RampsJson(const std::array<Ramp, 3>& ramps, std::vector<std::string>* sourc
   }
   std::string line = same ? "transfer: one ramp of " : "transfer: a ramp per channel of ";
   line += std::to_string(thinned[0].size()) + " pairs";
-  if (distance > 1e-3 * kStep) line += ", at most " + NumberText(distance / kStep) + " steps of 16 bits off";
+  if (distance > 1e-3 * kStep)
+    line += ", at most " + NumberText(distance / kStep) + " steps of 16 bits off";
   source->push_back(line);
   Json transfer;
   const double full_scale = FullScale(thinned);

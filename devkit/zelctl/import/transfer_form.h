@@ -1,3 +1,5 @@
+// SPDX-License-Identifier: Apache-2.0
+
 // Which of a description's forms a transfer function takes.
 #pragma once
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "devkit/zelctl/report/cgats_file.h"
+#include "devkit/zelctl/cgats/cgats_file.h"
 
 #include <algorithm>
 #include <array>
@@ -21,16 +21,6 @@ struct Token {
   size_t line = 0;
   bool quoted = false;
 };
-
-// An error shows a text of the file: it may hold anything and be of any length.
-std::string Shown(const std::string& text) {
-  constexpr size_t kLongest = 40;
-  std::string shown = text.substr(0, kLongest);
-  for (char& c : shown) {
-    if (static_cast<unsigned char>(c) < ' ' || static_cast<unsigned char>(c) > '~') c = '?';
-  }
-  return "'" + shown + (text.size() > kLongest ? "...'" : "'");
-}
 
 class Reader {
  public:
@@ -167,13 +157,24 @@ CgatsTable ReadTable(Reader* reader) {
 
 }  // namespace
 
+std::string Shown(const std::string& text) {
+  constexpr size_t kLongest = 40;
+  std::string shown = text.substr(0, kLongest);
+  for (char& c : shown) {
+    if (static_cast<unsigned char>(c) < ' ' || static_cast<unsigned char>(c) > '~') c = '?';
+  }
+  return "'" + shown + (text.size() > kLongest ? "...'" : "'");
+}
+
 CgatsTable ReadCgatsFile(const std::string& path) {
   return ReadCgats(path, ReadWhole(path, "measurements"));
 }
 
 CgatsTable ReadCgats(const std::string& path, const std::string& text) {
   Reader reader(path, text);
-  return ReadTable(&reader);
+  CgatsTable table = ReadTable(&reader);
+  table.path = path;
+  return table;
 }
 
 }  // namespace zelctl

@@ -11,6 +11,7 @@ namespace zelctl {
 
 // The first table of a file.
 struct CgatsTable {
+  std::string path;                             // for messages
   std::string identifier;                       // "CTI3": measurements of a device
   std::map<std::string, std::string> keywords;  // without those that shape the table
   std::vector<std::string> fields;              // names of the columns
@@ -26,5 +27,9 @@ CgatsTable ReadCgatsFile(const std::string& path);
 
 // The same, of `text`, which is the contents of the file at `path`.
 CgatsTable ReadCgats(const std::string& path, const std::string& text);
+
+// A text of a file in quotes, as a message shows it: the file's may hold anything and be
+// of any length.
+std::string Shown(const std::string& text);
 
 }  // namespace zelctl
