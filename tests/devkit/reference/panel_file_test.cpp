@@ -75,6 +75,11 @@ TEST(PanelFile, IsRefusedWithPlaceAndReason) {
       {"1,", "2,", "$.format: expected 1"},
       {"0.64, 0.33", "0.64", "$.panel.primaries.red: expected an array of 2"},
       {"0.64, 0.33", "0.7, 0.6", "$.panel.primaries.red: x + y must not exceed 1"},
+      {"0.64, 0.33", "0.67, 0.3302", "$.panel.primaries.red: x + y must not exceed 1"},
+      {"0.64, 0.33", "0.67, 0.33005", ""},  // rounded
+      {"\"panel\":", R"("source": ["measured", "a\nb"], "panel":)", "$.source[1]: expected"},
+      {"\"panel\":", R"("source": "measured", "panel":)", "$.source: expected an array"},
+      {"\"panel\":", R"("source": ["measured"], "panel":)", ""},
       {"0.06", "0", "$.panel.primaries.blue[1]: expected a number from 0.001 to 1"},
       {"0.3, 0.6", "0.395, 0.195", "$.panel.primaries: red, green and blue lie on one line"},
       {"0.329", "0.5", "$.panel.white[1]: expected a number from 0.25 to 0.45"},

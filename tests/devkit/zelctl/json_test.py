@@ -10,6 +10,7 @@ import json
 import os
 import re
 import subprocess
+import tempfile
 import unittest
 
 import jsonschema
@@ -18,6 +19,25 @@ BAD = os.environ["BAD_LIBRARIES"]
 OWN = f"--parser {BAD} --algo {BAD} --panel /dev/null"
 FAKE = f"--plugin {os.environ['FAKE_PLUGIN']} --panel /dev/null"
 PANELS = sorted(glob.glob(os.environ["PANELS"] + "/*.json"))
+
+FOLDER = tempfile.TemporaryDirectory()
+MEASURED = FOLDER.name + "/measured.ti3"
+with open(MEASURED, "w", encoding="utf-8") as measured:
+    measured.write("""CTI3
+NORMALIZED_TO_Y_100 "NO"
+NUMBER_OF_FIELDS 6
+BEGIN_DATA_FORMAT
+RGB_R RGB_G RGB_B XYZ_X XYZ_Y XYZ_Z
+END_DATA_FORMAT
+NUMBER_OF_SETS 5
+BEGIN_DATA
+0 0 0 0 0 0
+100 0 0 41 21 2
+0 100 0 36 72 12
+0 0 100 18 7 95
+100 100 100 95 100 109
+END_DATA
+""")
 
 # Heading, exit status, arguments, fault of the library.
 RUNS = [
@@ -34,6 +54,8 @@ RUNS = [
     ("Render", 1, f"{OWN} render 0 --strict", "unknown name"),
     ("Validate", 1, f"validate --parser {BAD}", "crashes"),
     ("Validate", 0, f"validate --parser {BAD}", "label twice"),
+    ("Import", 0, f"import {MEASURED} -o {FOLDER.name}/panel.json --bit-depth 8 --transfer srgb", ""),
+    ("Error", 2, f"import {MEASURED} -o {FOLDER.name}/panel.json", ""),
     ("Error", 1, f"{OWN} modes", "Init fails"),
     ("Error", 1, f"{OWN} assets 0", "assets fail"),
     ("Error", 2, "--panel /nowhere modes", ""),

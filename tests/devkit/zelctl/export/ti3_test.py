@@ -63,12 +63,15 @@ class Ti3(Case):
             codes, _ = table(self.export("phone-oled", "bt2020_hlg", "ti3", *options)[0])
             np.testing.assert_allclose(codes, table(path)[0], atol=1e-4)
 
-    def test_settings_are_part_of_the_prediction(self):
-        plain, _ = self.export("phone-oled", "native", "ti3")
-        dimmed, _ = self.export("phone-oled", "native", "ti3", "--dimming", "0.5")
-        luminance = [float(re.search(r'CDM2 "\S+ (\S+)', path.read_text())[1])
-                     for path in (plain, dimmed)]
-        self.assertAlmostEqual(luminance[1] / luminance[0], 0.5, delta=0.005)
+    def test_luminance_of_full_white(self):
+        peak = PANELS["phone-oled"]["panel"]["luminance"]["peak"]
+        for mode, options, share in (("native", (), 1), ("native", ("--dimming", "0.5"), 0.5),
+                                     ("bt2020_st2084", (), 1),  # 10000 cd/m2 are asked for
+                                     ("bt2020_st2084", ("--target",), 1)):
+            with self.subTest(mode=mode, options=options):
+                text = self.export("phone-oled", mode, "ti3", *options)[0].read_text()
+                luminance = float(re.search(r'CDM2 "\S+ (\S+)', text)[1])
+                self.assertAlmostEqual(luminance / peak, share, delta=0.005)
 
     def test_a_black_mode_is_refused(self):
         description = copy.deepcopy(PANELS["phone-oled"])
