@@ -17,7 +17,7 @@ packages=(
   gnuplot-nox fontconfig libpng-dev           # zelctl's pictures
   liblcms2-dev                                # zelctl's ICC profiles
   libbenchmark-dev                            # bench
-  python3-numpy python3-pil                   # the judge of colours in tests
+  python3-numpy python3-pil python3-png        # the judge of colours in tests
   python3-jsonschema                          # the schema of what zelctl prints
   man-db groff-base                           # the man page
   pkgconf python3                             # tests of what is installed

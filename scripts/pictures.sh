@@ -16,7 +16,7 @@ zelctl plot display_p3 --color-transform night:3400 --dimming 0.6 -o "$docs/mode
 zelctl plot bt2020_st2084 --what gamut -o "$docs/gamut.png"
 # Fine tables, so that what one sees is the mode and not their steps.
 for mode in native srgb; do
-  zelctl render "$mode" --igc-bits 16 --gc-bits 12 --image "$sample" \
+  zelctl render "$mode" --igc-bits 16 --gc-bits 12 --small --image "$sample" \
     -o "$docs/sample-$mode.png" >/dev/null
 done
 

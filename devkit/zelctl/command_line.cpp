@@ -137,6 +137,12 @@ void AddRenderCommand(CLI::App& app, const GlobalOptions& globals) {
           ->type_name("OUT.png");
   image->needs(image_output);
   image_output->needs(image);
+  command->add_flag("--small", arguments->small, "Take the time to make OUT.png small")
+      ->needs(image);
+  command->add_option("--threads", arguments->threads, "For the picture; default: one per processor")
+      ->needs(image)
+      ->check(WholeNumber(1, 1024))
+      ->type_name("N");
   command->footer(kRenderHelp);
   command->callback([&globals, arguments] { RunRender(globals, *arguments); });
 }

@@ -33,6 +33,8 @@ struct RenderArguments {
   RenderOptions options;
   std::optional<std::string> image;  // a picture to send through the blocks
   std::string image_output;
+  bool small = false;               // at the cost of time
+  std::optional<uint32_t> threads;  // unset: as many as there are processors
 };
 
 struct PlotArguments {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <iostream>
 #include <optional>
+#include <thread>
 #include <vector>
 
 #include "devkit/zelctl/block_report.h"
@@ -8,8 +10,9 @@
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/pcc_report.h"
+#include "devkit/zelctl/picture/png_file.h"
+#include "devkit/zelctl/picture/render_picture.h"
 #include "devkit/zelctl/render_options.h"
-#include "devkit/zelctl/render_picture.h"
 #include "devkit/zelctl/rounds.h"
 
 namespace zelctl {
@@ -44,9 +47,12 @@ void RenderImage(const RenderArguments& arguments, Picture picture,
   const BlockPipeline pipeline(output, arguments.options.igc.BitDepth(),
                                arguments.options.gc.BitDepth());
   Progress progress("picture");
-  SendThrough(pipeline, &picture, &progress);
+  const unsigned threads =
+      arguments.threads.value_or(std::max(std::thread::hardware_concurrency(), 1U));
+  SendThrough(pipeline, threads, &picture, &progress);
   progress.Show("writing");
-  WriteOutput(arguments.image_output, EncodePng(picture));
+  WriteOutput(arguments.image_output,
+              EncodePng(&picture, arguments.small ? PngSize::kSmall : PngSize::kQuick));
 }
 
 }  // namespace

@@ -46,12 +46,12 @@ GammaBlock::GammaBlock(GammaAxis axis, uint32_t bit_depth,
 }
 
 Vec3 GammaBlock::Apply(const Vec3& input) const {
-  Vec3 result;
-  for (size_t i = 0; i < 3; ++i) {
-    result[i] = Passes() ? std::clamp(input[i], 0.0, 1.0)
-                         : tarn::reference::LookUp(axis_, tables_[i], bit_depth_, input[i]);
-  }
-  return result;
+  return {ApplyTo(0, input[0]), ApplyTo(1, input[1]), ApplyTo(2, input[2])};
+}
+
+double GammaBlock::ApplyTo(size_t channel, double input) const {
+  return Passes() ? std::clamp(input, 0.0, 1.0)
+                  : tarn::reference::LookUp(axis_, tables_[channel], bit_depth_, input);
 }
 
 }  // namespace zelctl

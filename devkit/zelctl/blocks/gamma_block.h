@@ -25,6 +25,9 @@ class GammaBlock {
   // A block that is disabled or absent lets it pass.
   tarn::color::Vec3 Apply(const tarn::color::Vec3& input) const;
 
+  // The same of one channel.
+  double ApplyTo(size_t channel, double input) const;
+
   tarn::reference::GammaAxis Axis() const { return axis_; }
   uint32_t BitDepth() const { return bit_depth_; }
   bool Passes() const { return tables_[0].empty(); }

@@ -8,7 +8,6 @@
 
 #include "devkit/reference/gamma_lut.h"
 #include "devkit/zelctl/blocks/block_record.h"
-#include "devkit/zelctl/blocks/tetrahedral.h"
 #include "plugin/names.h"
 
 namespace zelctl {
@@ -27,16 +26,6 @@ bool IsUsable(const GamutLut& lut) {
   });
 }
 
-GridPlace PlaceOf(double light) {
-  using tarn::reference::NodeLight;
-  constexpr size_t kLast = tarn::reference::kGamutSide - 1;
-  const double clipped = std::clamp(light, 0.0, 1.0);
-  const auto node = std::min(static_cast<size_t>(std::sqrt(clipped) * kLast), kLast - 1);
-  const double low = NodeLight(node);
-  const double share = (clipped - low) / (NodeLight(node + 1) - low);
-  return {node, std::clamp(share, 0.0, 1.0)};
-}
-
 }  // namespace
 
 GamutBlock::GamutBlock(const velaricolor::HwConfigOutputParams& output) {
@@ -49,18 +38,37 @@ GamutBlock::GamutBlock(const velaricolor::HwConfigOutputParams& output) {
     throw std::runtime_error(velaricolor::kPostBlendGamut +
                              ": its table is not of the layout in gamut_lut.h");
   }
+  max_code_ = tarn::reference::MaxCode(lut->bit_depth);
+  nodes_.resize(lut->nodes.size());
+  std::transform(lut->nodes.begin(), lut->nodes.end(), nodes_.begin(), [](const auto& node) {
+    return Vec3{static_cast<double>(node[0]), static_cast<double>(node[1]),
+                static_cast<double>(node[2])};
+  });
   lut_ = std::move(lut);
 }
 
 Vec3 GamutBlock::Apply(const Vec3& light) const {
   if (lut_ == nullptr) return light;
-  Vec3 codes = InterpolateTetrahedral(
-      {PlaceOf(light[0]), PlaceOf(light[1]), PlaceOf(light[2])},
-      [this](size_t red, size_t green, size_t blue) -> const auto& {
-        return lut_->nodes[tarn::reference::NodeIndex(red, green, blue)];
+  return Apply(std::array{PlaceOf(light[0]), PlaceOf(light[1]), PlaceOf(light[2])});
+}
+
+Vec3 GamutBlock::Apply(const std::array<GridPlace, 3>& places) const {
+  Vec3 codes =
+      InterpolateTetrahedral(places, [this](size_t red, size_t green, size_t blue) -> const Vec3& {
+        return nodes_[tarn::reference::NodeIndex(red, green, blue)];
       });
-  for (double& code : codes) code /= tarn::reference::MaxCode(lut_->bit_depth);
+  for (double& code : codes) code /= max_code_;
   return codes;
+}
+
+GridPlace GamutBlock::PlaceOf(double light) {
+  using tarn::reference::NodeLight;
+  constexpr size_t kLast = tarn::reference::kGamutSide - 1;
+  const double clipped = std::clamp(light, 0.0, 1.0);
+  const auto node = std::min(static_cast<size_t>(std::sqrt(clipped) * kLast), kLast - 1);
+  const double low = NodeLight(node);
+  const double share = (clipped - low) / (NodeLight(node + 1) - low);
+  return {node, std::clamp(share, 0.0, 1.0)};
 }
 
 }  // namespace zelctl

@@ -3,9 +3,9 @@
 // Interpolation in a 3D table, along the edges from a cell's dark corner to its bright one.
 #pragma once
 
-#include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 
 #include "devkit/reference/color/matrix.h"
 
@@ -17,12 +17,22 @@ struct GridPlace {
   double share = 0;
 };
 
+// The channels by their shares; of equal ones, in their order.
+inline std::array<uint8_t, 3> LargestFirst(double red, double green, double blue) {
+  using Order = std::array<uint8_t, 3>;
+  if (red >= green) {
+    if (green >= blue) return Order{0, 1, 2};
+    return red >= blue ? Order{0, 2, 1} : Order{2, 0, 1};
+  }
+  if (red >= blue) return Order{1, 0, 2};
+  return green >= blue ? Order{1, 2, 0} : Order{2, 1, 0};
+}
+
 // `corner(red, green, blue)` gives the three values of a node, an array of numbers.
 template <typename Corner>
 tarn::color::Vec3 InterpolateTetrahedral(const std::array<GridPlace, 3>& places, Corner corner) {
-  std::array<size_t, 3> order = {0, 1, 2};  // the largest share first
-  std::stable_sort(order.begin(), order.end(),
-                   [&](size_t a, size_t b) { return places[a].share > places[b].share; });
+  const std::array<uint8_t, 3> order =
+      LargestFirst(places[0].share, places[1].share, places[2].share);
   std::array<size_t, 3> node = {places[0].node, places[1].node, places[2].node};
   tarn::color::Vec3 result = {};
   double before = 1;

@@ -116,8 +116,9 @@ std::string Joined(const std::vector<std::string>& parts) {
 }  // namespace
 
 void CheckOptions(const ImportOptions& options) {
-  std::vector<std::string> names;
-  for (const Target& target : kTargets) names.emplace_back(target.name);
+  std::vector<std::string> names(kTargets.size());
+  std::transform(kTargets.begin(), kTargets.end(), names.begin(),
+                 [](const Target& target) { return target.name; });
   for (const std::string& name : options.targets) {
     if (FindTarget(name) != nullptr) continue;
     throw UsageError("--targets: no target '" + name + "'; there are " + Joined(names));
@@ -144,8 +145,9 @@ Json Describe(const ImportOptions& options, PanelFacts* facts) {
       Chosen(options.black, black, "black", "--black", &missing, &facts->source);
   if (!options.bit_depth) missing.emplace_back("the depth of the panel's signal (--bit-depth)");
   const Json transfer = Transfer(options, &missing, facts);
-  if (!missing.empty())
+  if (!missing.empty()) {
     throw UsageError("it does not say, so say with an option: " + Joined(missing));
+  }
 
   const auto& primaries = facts->primaries;
   facts->source.push_back("bit depth: " + std::to_string(*options.bit_depth) + ", by --bit-depth");

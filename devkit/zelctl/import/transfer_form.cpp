@@ -107,8 +107,9 @@ Json RampsJson(const std::array<Ramp, 3>& ramps, std::vector<std::string>* sourc
   }
   std::string line = same ? "transfer: one ramp of " : "transfer: a ramp per channel of ";
   line += std::to_string(thinned[0].size()) + " pairs";
-  if (distance > 1e-3 * kStep)
+  if (distance > 1e-3 * kStep) {
     line += ", at most " + NumberText(distance / kStep) + " steps of 16 bits off";
+  }
   source->push_back(line);
   Json transfer;
   const double full_scale = FullScale(thinned);
