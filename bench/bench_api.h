@@ -34,6 +34,9 @@ __attribute__((visibility("default"))) const ZelPair* ZelPairAt(size_t index);
 __attribute__((visibility("default"))) void ZelStartCount(void);
 __attribute__((visibility("default"))) size_t ZelStopCount(void);
 
+// Prints how long the slowest mode switches take while other threads call.
+__attribute__((visibility("default"))) void ZelPrintTail(void);
+
 #ifdef __cplusplus
 }
 #endif

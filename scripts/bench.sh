@@ -1,13 +1,22 @@
 #!/usr/bin/env bash
 # Measures the release build against its floors.
 # Usage: scripts/bench.sh [--check] [Google Benchmark option ...]
-#   --check   compares with the targets, and fails where one is missed
+#        scripts/bench.sh --tail
+#        scripts/bench.sh --pictures
+#   --check     compares with the targets, and fails where one is missed
+#   --tail      the slowest mode switches while four threads get properties
+#   --pictures  a picture of 12 megapixels beside OpenColorIO, which
+#               scripts/install-deps.sh verify installs
 source "$(dirname "$0")/prelude.sh"
 # SPDX-License-Identifier: Apache-2.0
 
 scripts/build.sh release
 bench=build/release/bench
 # The stand-in run-time libraries come before those of the reference.
-LD_LIBRARY_PATH=$PWD/$bench:$PWD/build/release/lib exec env vendor.display.zelloglevel=0 \
-  "$bench/zeltarn_bench" --benchmark_enable_random_interleaving=true \
-  --benchmark_repetitions=15 --benchmark_min_time=0.05 "$@"
+run=(env "LD_LIBRARY_PATH=$PWD/$bench:$PWD/build/release/lib" vendor.display.zelloglevel=0 "$bench/zeltarn_bench")
+case "${1:-}" in
+  --tail) exec "${run[@]}" --tail ;;
+  --pictures) exec /usr/bin/python3 bench/pictures.py build/release/bin/zelctl "${run[@]}" ;;
+esac
+exec "${run[@]}" --benchmark_enable_random_interleaving=true --benchmark_repetitions=15 \
+  --benchmark_min_time=0.05 "$@"

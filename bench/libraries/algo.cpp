@@ -2,6 +2,7 @@
 
 // An algorithm library that answers at once: the transform itself.
 
+#include "bench/subject/reference_libraries.h"
 #include "bridge/tarn_intf.h"
 #include "pcc/pcc_merge.h"
 
@@ -24,7 +25,8 @@ class BenchAlgo final : public tarn::TarnAlgoIntf {
 
 }  // namespace
 
-__attribute__((visibility("default"))) tarn::TarnAlgoIntf* GetTarnAlgoInterface(
-    int /*major_version*/, int /*minor_version*/) {
+__attribute__((visibility("default"))) tarn::TarnAlgoIntf* GetTarnAlgoInterface(int major_version,
+                                                                                int minor_version) {
+  if (g_reference != nullptr) return g_reference->algo(major_version, minor_version);
   return new BenchAlgo;
 }

@@ -4,6 +4,7 @@
 
 #include "bench/subject/allocation_count.h"
 #include "bench/subject/answers.h"
+#include "bench/subject/reference_libraries.h"
 #include "bridge/tarn_intf.h"
 
 namespace {
@@ -35,6 +36,7 @@ class BenchParser final : public tarn::ModeParserIntf {
 }  // namespace
 
 __attribute__((visibility("default"))) tarn::ModeParserIntf* GetTarnZelInterface(
-    int /*major_version*/, int /*minor_version*/) {
+    int major_version, int minor_version) {
+  if (g_reference != nullptr) return g_reference->parser(major_version, minor_version);
   return new BenchParser;
 }

@@ -44,6 +44,10 @@ class QuietReporter : public benchmark::BenchmarkReporter {
 int main(int argc, char** argv) {
   bool check = false;
   int kept = 1;
+  if (argc == 2 && std::strcmp(argv[1], "--tail") == 0) {
+    ZelPrintTail();
+    return 0;
+  }
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--check") == 0) {
       check = true;

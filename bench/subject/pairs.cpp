@@ -7,7 +7,7 @@ const std::vector<ZelPair>& AllPairs() {
   static const std::vector<ZelPair> pairs = [] {
     std::vector<ZelPair> all;
     for (const auto& some : {ModeOperationPairs(), PropertyPairs(), ArithmeticPairs(),
-                             StartUpPairs(), GrowthPairs()}) {
+                             StartUpPairs(), GrowthPairs(), EndToEndPairs(), PicturePairs()}) {
       all.insert(all.end(), some.begin(), some.end());
     }
     return all;

@@ -12,6 +12,8 @@ std::vector<ZelPair> PropertyPairs();
 std::vector<ZelPair> ArithmeticPairs();
 std::vector<ZelPair> StartUpPairs();
 std::vector<ZelPair> GrowthPairs();
+std::vector<ZelPair> EndToEndPairs();
+std::vector<ZelPair> PicturePairs();
 
 inline constexpr double kMedian = 0.5;
 inline constexpr double kTenth = 0.1;
