@@ -37,6 +37,9 @@ __attribute__((visibility("default"))) size_t ZelStopCount(void);
 // Prints how long the slowest mode switches take while other threads call.
 __attribute__((visibility("default"))) void ZelPrintTail(void);
 
+// Prints the memory that the plug-in takes.
+__attribute__((visibility("default"))) void ZelPrintFootprint(void);
+
 #ifdef __cplusplus
 }
 #endif

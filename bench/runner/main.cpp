@@ -48,6 +48,10 @@ int main(int argc, char** argv) {
     ZelPrintTail();
     return 0;
   }
+  if (argc == 2 && std::strcmp(argv[1], "--footprint") == 0) {
+    ZelPrintFootprint();
+    return 0;
+  }
   for (int i = 1; i < argc; ++i) {
     if (std::strcmp(argv[i], "--check") == 0) {
       check = true;

@@ -2,6 +2,8 @@
 
 // Mode switches, software assets and the dither configuration.
 
+#include <array>
+#include <cstring>
 #include <memory>
 #include <optional>
 #include <random>
@@ -86,6 +88,16 @@ void Copy(unsigned calls) {
   for (; calls > 0; --calls) g_copy->Run();
 }
 
+// The parser's request is a record of its own, which the plug-in fills from the host's.
+void CopyWithRequest(unsigned calls) {
+  static std::array<uint8_t, sizeof(velaricolor::ModeRenderInputParams)> request;
+  for (; calls > 0; --calls) {
+    std::memcpy(request.data(), &g_session->request, request.size());
+    Keep(request.data());
+    g_copy->Run();
+  }
+}
+
 void CopyFresh(unsigned calls) {
   for (; calls > 0; --calls) g_fresh->Run();
 }
@@ -102,6 +114,8 @@ std::vector<ZelPair> ModeOperationPairs() {
   };
   return {
       pair("render intent, output reused", 1.12, 0, RenderReused, Copy, kNoColorState),
+      pair("render intent, and the request's copy", 0, 0, RenderReused, CopyWithRequest,
+           kNoColorState),
       pair("render intent, output fresh", 1.15, kOwnedByResult, RenderFresh, CopyFresh,
            kNoColorState),
       pair("render intent, colour state by library", 0, 0, RenderReused, Copy, kByLibrary),
