@@ -37,8 +37,11 @@ size_t SelectMode(const velaricolor::ColorModeList& list, const std::string& tex
   }
   std::vector<std::string> labels;
   for (const auto& mode : list.modes) labels.push_back(mode.label);
-  throw UsageError("no mode '" + text + "'" + DidYouMean(text, labels) +
-                   (labels.empty() ? "; the panel has none" : "; valid modes: " + Titles(list)));
+  const std::string meant = DidYouMean(text, labels);
+  throw UsageError("no mode '" + text + "'" + meant +
+                   (labels.empty()  ? "; the panel has none"
+                    : meant.empty() ? "; valid modes: " + Titles(list)
+                                    : " Valid modes: " + Titles(list)));
 }
 
 }  // namespace zelctl
