@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
-"""Code in README and guides is what is compiled and run elsewhere.
+"""Code in README and guides is what is compiled and run elsewhere, and links lead somewhere.
 
 Usage: guides_test.py SOURCE_FOLDER
 """
@@ -54,6 +54,24 @@ class Guides(unittest.TestCase):
                     continue  # run by outside_test.py
                 self.assertRegex(text, r"\A" + tested[page.name],
                                  f"{page}:{line}: which test runs it?")
+
+    def test_LinksLeadSomewhere(self):
+        """To a file, and where a heading is named, to that."""
+        def anchors(page):
+            headings = re.findall(r"^#+ (.*)$", page.read_text(), re.M)
+            kept = (re.sub(r"[^\w\- ]", "", heading.lower()) for heading in headings)
+            return {heading.replace(" ", "-") for heading in kept}
+
+        links = 0
+        for page in [*PAGES, SOURCE / "CONTRIBUTING.md", SOURCE / "CHANGELOG.md"]:
+            for link in re.findall(r"\]\((?!https?:)([^)\s]+)\)", page.read_text()):
+                file, _, heading = link.partition("#")
+                target = page.parent / file if file else page
+                self.assertTrue(target.exists(), f"{page}: {link}")
+                if heading:
+                    self.assertIn(heading, anchors(target), f"{page}: {link}")
+                links += 1
+        self.assertGreater(links, 30)
 
 
 if __name__ == "__main__":
