@@ -47,7 +47,7 @@ int __android_log_print(int prio, const char* tag, const char* fmt, ...) {
   va_end(args);
   if (length < 0) return length;
 
-  // As logcat shows it: every line of the entry behind its own prefix, a final
+  // As logcat shows it: every line of the entry after its own prefix, a final
   // line break shown once; one write, so that threads don't mix their lines.
   const std::string prefix = Prefix(prio, tag);
   std::string_view rest = entry.data();

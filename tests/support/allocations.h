@@ -10,21 +10,21 @@
 // The how-manyth allocation from now on is to fail, on whatever thread; 0: none.
 inline std::atomic<int> failing_allocation = 0;
 
-inline thread_local bool allocations_spared = false;
+inline thread_local bool allocations_never_fail = false;
 
 // Scope of allocations that neither count nor fail: the test's own, in the
 // middle of a call of the plug-in.
-class Spared {
+class NeverFailing {
  public:
-  Spared() noexcept : before_(std::exchange(allocations_spared, true)) {}
-  ~Spared() { allocations_spared = before_; }
-  Spared(const Spared&) = delete;
-  Spared& operator=(const Spared&) = delete;
+  NeverFailing() noexcept : before_(std::exchange(allocations_never_fail, true)) {}
+  ~NeverFailing() { allocations_never_fail = before_; }
+  NeverFailing(const NeverFailing&) = delete;
+  NeverFailing& operator=(const NeverFailing&) = delete;
 
  private:
   const bool before_;
 };
 
 inline bool AllocationFails() {
-  return !allocations_spared && failing_allocation > 0 && --failing_allocation == 0;
+  return !allocations_never_fail && failing_allocation > 0 && --failing_allocation == 0;
 }

@@ -13,7 +13,7 @@
 namespace {
 
 void Note(const std::string& event) {
-  const Spared spared;
+  const NeverFailing never_failing;
   Platform().events.push_back(event);
 }
 
@@ -48,7 +48,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
 
   int SetProperty(const tarn::TarnPayload& payload) override {
     NoteCall("parser SetProperty " + std::to_string(payload.prop));
-    const Spared spared;
+    const NeverFailing never_failing;
     Parser().in = payload;
     Parser().dimensions = RecordIn<tarn::PostBlendHwConfig>(payload);
     return Finish(Parser().set_result);
@@ -70,7 +70,7 @@ class ScriptedParser final : public tarn::ModeParserIntf {
     Parser().in = in;
     Parser().out = *out;
     {
-      const Spared spared;
+      const NeverFailing never_failing;
       Parser().request = RecordIn<tarn::ModeRenderInputParams>(in);
     }
     RecordIn<tarn::HwConfigOutputParams>(*out).payloads = Parser().blocks;
@@ -104,7 +104,7 @@ class ScriptedAlgo final : public tarn::TarnAlgoIntf {
   int ProcessOps(tarn::ZelOps op, const tarn::TarnPayload& in, tarn::TarnPayload* out) override {
     if (op != tarn::kZelPccMerge) return kUnexpected;
     NoteCall("algo ProcessOps " + std::to_string(op));
-    const Spared spared;
+    const NeverFailing never_failing;
     Algo().in = in;
     Algo().out = *out;
     Algo().blank = RecordIn<tarn::PccMergeOutput>(*out);

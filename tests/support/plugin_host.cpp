@@ -8,22 +8,22 @@
 
 namespace {
 
-struct World {
+struct Fakes {
   FakePlatform platform;
   FakeParser parser;
   FakeAlgo algo;
 };
 
-World& TheWorld() {
-  static World world;
+Fakes& TheFakes() {
+  static Fakes world;
   return world;
 }
 
 }  // namespace
 
-FakePlatform& Platform() { return TheWorld().platform; }
-FakeParser& Parser() { return TheWorld().parser; }
-FakeAlgo& Algo() { return TheWorld().algo; }
+FakePlatform& Platform() { return TheFakes().platform; }
+FakeParser& Parser() { return TheFakes().parser; }
+FakeAlgo& Algo() { return TheFakes().algo; }
 
 PluginLibrary::PluginLibrary() : handle_(dlopen(ZEL_PLUGIN, RTLD_NOW)) {
   if (handle_ == nullptr) throw std::runtime_error(dlerror());
@@ -39,7 +39,7 @@ std::unique_ptr<velaricolor::VcPostBlendInterface> PluginLibrary::Create(int maj
 }
 
 PluginTest::PluginTest() {
-  TheWorld() = World();
+  TheFakes() = Fakes();
   mallopt(M_PERTURB, 0x5A);  // new memory is never blank by luck
 }
 

@@ -24,7 +24,7 @@ struct PccRound {
   PccCopy pcc;
 };
 
-// Linear light behind the block, not clipped; without a block, or with a
+// Linear light after the block, not clipped; without a block, or with a
 // disabled one, light passes. Throws std::runtime_error where it has no number.
 tarn::color::Vec3 ApplyPcc(const PccCopy& pcc, const tarn::color::Vec3& light);
 

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// The description behind a mode, for what no block states.
+// The description that a mode comes from, for what no block states.
 #pragma once
 
 #include "devkit/reference/panel/panel.h"

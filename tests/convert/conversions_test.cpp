@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// The road of each block: bytes in at the parser, bytes out at the host.
+// The conversion of each block: bytes in at the parser, bytes out at the host.
 
 #include <algorithm>
 #include <map>
@@ -16,7 +16,7 @@ namespace {
 
 using Span = std::pair<size_t, size_t>;  // begin and end
 
-struct Road {
+struct Conversion {
   std::string block;
   std::string converter;
   uint32_t version;           // and size
@@ -37,8 +37,8 @@ std::shared_ptr<void> Make() {
 }
 
 template <template <typename> class Config>
-Road To(const std::string& block, const std::string& name, uint32_t version,
-        const std::vector<Span>& carried, Span container = {}) {
+Conversion To(const std::string& block, const std::string& name, uint32_t version,
+              const std::vector<Span>& carried, Span container = {}) {
   return {.block = block,
           .converter = "ConvertPostBlend" + name + "Payload",
           .version = version,
@@ -48,7 +48,7 @@ Road To(const std::string& block, const std::string& name, uint32_t version,
           .make_hosts = Make<Config<velaricolor::HostSide>>};
 }
 
-std::vector<Road> Roads() {
+std::vector<Conversion> AllConversions() {
   using namespace zeltarn::layout;  // NOLINT(google-build-using-namespace)
   return {
       To<GamutPostBlendConfig>("PostBlendGamut", "Gamut", 117936, {{4, 5}, {8, 117936}}),
@@ -67,95 +67,100 @@ std::vector<Road> Roads() {
 
 // Different in every byte for each `flip` (0 or 0xFE), and nowhere zero;
 // containers left out.
-Bytes Pattern(const Road& road, uint8_t flip, uint8_t enable) {
-  Bytes bytes(road.version);
+Bytes Pattern(const Conversion& conversion, uint8_t flip, uint8_t enable) {
+  Bytes bytes(conversion.version);
   for (uint32_t i = 0; i < bytes.size(); ++i) {
-    if (i >= road.container.first && i < road.container.second) continue;
+    if (i >= conversion.container.first && i < conversion.container.second) continue;
     bytes[i] = static_cast<uint8_t>((((i * 2654435761U) >> 24) ^ flip) | 1);
   }
   bytes[4] = enable;
   return bytes;
 }
 
-void Fill(const std::shared_ptr<void>& record, const Road& road, const Bytes& bytes) {
+void Fill(const std::shared_ptr<void>& record, const Conversion& conversion, const Bytes& bytes) {
   auto* const to = static_cast<uint8_t*>(record.get());
-  std::copy_n(bytes.data(), road.container.first, to);
-  std::copy(bytes.data() + road.container.second, bytes.data() + bytes.size(),
-            to + road.container.second);
+  std::copy_n(bytes.data(), conversion.container.first, to);
+  std::copy(bytes.data() + conversion.container.second, bytes.data() + bytes.size(),
+            to + conversion.container.second);
 }
 
-Bytes Image(const Road& road, const std::shared_ptr<void>& record) {
-  Bytes image = BytesAt(record.get(), road.version);
-  std::fill(image.data() + road.container.first, image.data() + road.container.second, 0);
+Bytes Image(const Conversion& conversion, const std::shared_ptr<void>& record) {
+  Bytes image = BytesAt(record.get(), conversion.version);
+  std::fill(image.data() + conversion.container.first, image.data() + conversion.container.second,
+            0);
   return image;
 }
 
 // `before`, where `from` has been converted into it.
-Bytes Converted(const Road& road, const Bytes& from, Bytes before) {
-  for (const auto& [begin, end] : road.carried) {
+Bytes Converted(const Conversion& conversion, const Bytes& from, Bytes before) {
+  for (const auto& [begin, end] : conversion.carried) {
     std::copy(from.data() + begin, from.data() + end, before.data() + begin);
     if (begin == 4) before[4] = from[4] == 0 ? 0 : 1;
   }
   return before;
 }
 
-class Roads : public PluginTest {};
+class Conversions : public PluginTest {};
 
 // Bench, fuzzer and zelctl walk the table: a block that has no row there, or none
 // above, is noticed here.
-TEST_F(Roads, AreThoseOfTheBlockTable) {
+TEST_F(Conversions, AreThoseOfTheBlockTable) {
   std::map<std::string, uint32_t> table;
   zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
     table.emplace(name, sizeof(Config<velaricolor::HostSide>));
     EXPECT_GE(name.size(), sizeof(uint64_t)) << name << ": names are compared in words";
   });
-  std::map<std::string, uint32_t> roads;
-  for (const Road& road : ::Roads()) roads.emplace(road.block, road.version);
-  EXPECT_EQ(table, roads);
+  std::map<std::string, uint32_t> conversions;
+  for (const Conversion& conversion : AllConversions())
+    conversions.emplace(conversion.block, conversion.version);
+  EXPECT_EQ(table, conversions);
 }
 
-TEST_F(Roads, CarryTheirFieldsAndNothingElse) {
+TEST_F(Conversions, CarryTheirFieldsAndNothingElse) {
   Start();
-  for (const Road& road : ::Roads()) {
+  for (const Conversion& conversion : AllConversions()) {
     for (const uint8_t enable : Bytes{1, 0, 2, 0x80, 0xFF}) {
-      SCOPED_TRACE(road.block + " enable " + std::to_string(enable));
-      const Bytes from = Pattern(road, 0, enable);
-      const std::shared_ptr<void> parsers = road.make_parsers();
-      Fill(parsers, road, from);
+      SCOPED_TRACE(conversion.block + " enable " + std::to_string(enable));
+      const Bytes from = Pattern(conversion, 0, enable);
+      const std::shared_ptr<void> parsers = conversion.make_parsers();
+      Fill(parsers, conversion, from);
       // A length that is nobody's: it's copied, not computed.
-      Parser().blocks = {{.hw_block = road.block, .payload = parsers, .len = 12345}};
+      Parser().blocks = {{.hw_block = conversion.block, .payload = parsers, .len = 12345}};
       HwConfigOutputParams output;
 
       ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
       ASSERT_EQ(output.payloads.size(), 1U);
       EXPECT_EQ(output.payloads[0].version, 56U);
-      EXPECT_EQ(output.payloads[0].hw_block, road.block);
+      EXPECT_EQ(output.payloads[0].hw_block, conversion.block);
       EXPECT_EQ(output.payloads[0].len, 12345U);
-      Bytes blank(road.version);
-      for (uint32_t i = 0; i < 4; ++i) blank[i] = static_cast<uint8_t>(road.version >> (8 * i));
-      EXPECT_EQ(Image(road, output.payloads[0].payload), Converted(road, from, blank)) << "fresh";
+      Bytes blank(conversion.version);
+      for (uint32_t i = 0; i < 4; ++i)
+        blank[i] = static_cast<uint8_t>(conversion.version >> (8 * i));
+      EXPECT_EQ(Image(conversion, output.payloads[0].payload), Converted(conversion, from, blank))
+          << "fresh";
 
-      const Bytes before = Pattern(road, 0xFE, enable == 0 ? 0xFF : 0);
-      const std::shared_ptr<void> hosts = road.make_hosts();
-      Fill(hosts, road, before);
-      output.payloads = {{.hw_block = road.block, .payload = hosts, .len = 1}};
+      const Bytes before = Pattern(conversion, 0xFE, enable == 0 ? 0xFF : 0);
+      const std::shared_ptr<void> hosts = conversion.make_hosts();
+      Fill(hosts, conversion, before);
+      output.payloads = {{.hw_block = conversion.block, .payload = hosts, .len = 1}};
       ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
       ASSERT_EQ(output.payloads.size(), 1U);
       EXPECT_EQ(output.payloads[0].payload, hosts);
       EXPECT_EQ(output.payloads[0].len, 12345U);
-      EXPECT_EQ(Image(road, hosts), Converted(road, from, before)) << "in place";
+      EXPECT_EQ(Image(conversion, hosts), Converted(conversion, from, before)) << "in place";
     }
   }
 }
 
 // Whatever length a name without a record claims.
-TEST_F(Roads, GiveARecordToANameWithoutOne) {
+TEST_F(Conversions, GiveARecordToANameWithoutOne) {
   Start();
-  for (const Road& road : ::Roads()) {
-    SCOPED_TRACE(road.block);
-    Parser().blocks = {{.hw_block = road.block, .payload = road.make_parsers(), .len = 12345}};
+  for (const Conversion& conversion : AllConversions()) {
+    SCOPED_TRACE(conversion.block);
+    Parser().blocks = {
+        {.hw_block = conversion.block, .payload = conversion.make_parsers(), .len = 12345}};
     HwConfigOutputParams output;
-    output.payloads = {{.hw_block = road.block, .len = 7}};
+    output.payloads = {{.hw_block = conversion.block, .len = 7}};
     EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
     ASSERT_EQ(output.payloads.size(), 1U);
     EXPECT_NE(output.payloads[0].payload, nullptr);
@@ -163,20 +168,20 @@ TEST_F(Roads, GiveARecordToANameWithoutOne) {
   }
 }
 
-TEST_F(Roads, RefuseEntriesWithoutVersionOrRecord) {
+TEST_F(Conversions, RefuseEntriesWithoutVersionOrRecord) {
   Start();
-  for (const Road& road : ::Roads()) {
+  for (const Conversion& conversion : AllConversions()) {
     for (const uint32_t version : {55U, 56U}) {
-      SCOPED_TRACE(road.block + " version " + std::to_string(version));
-      Parser().dither = {{.hw_block = road.block, .len = 12345}};
+      SCOPED_TRACE(conversion.block + " version " + std::to_string(version));
+      Parser().dither = {{.hw_block = conversion.block, .len = 12345}};
       HwConfigOutputParams output;
-      output.payloads = {{.version = version, .hw_block = road.block, .len = 7}};
+      output.payloads = {{.version = version, .hw_block = conversion.block, .len = 7}};
 
       EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
       EXPECT_EQ(Platform().TakeLog(),
-                (Lines{version == 56 ? "E " + road.converter + ": Invalid parameters"
+                (Lines{version == 56 ? "E " + conversion.converter + ": Invalid parameters"
                                      : "E VersionCheck: invalid version 55 expected 56",
-                       "E ConvertHwConfigOutputParams: Failed to convert for " + road.block +
+                       "E ConvertHwConfigOutputParams: Failed to convert for " + conversion.block +
                            " from tarn to velari namespace",
                        "E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output"}));
       ASSERT_EQ(output.payloads.size(), 1U);
@@ -187,18 +192,20 @@ TEST_F(Roads, RefuseEntriesWithoutVersionOrRecord) {
   }
 }
 
-TEST_F(Roads, ExistForExactNamesOnly) {
+TEST_F(Conversions, ExistForExactNamesOnly) {
   Start();
-  for (const Road& road : ::Roads()) {
-    const tarn::HwConfigPayload right = {.hw_block = road.block, .payload = road.make_parsers()};
-    std::vector<std::string> wrong = {"", road.block + "X", road.block + std::string(1, '\0'),
-                                      road.block.substr(0, road.block.size() - 1)};
-    for (size_t letter = 0; letter < road.block.size(); ++letter) {
-      wrong.push_back(road.block);
+  for (const Conversion& conversion : AllConversions()) {
+    const tarn::HwConfigPayload right = {.hw_block = conversion.block,
+                                         .payload = conversion.make_parsers()};
+    std::vector<std::string> wrong = {"", conversion.block + "X",
+                                      conversion.block + std::string(1, '\0'),
+                                      conversion.block.substr(0, conversion.block.size() - 1)};
+    for (size_t letter = 0; letter < conversion.block.size(); ++letter) {
+      wrong.push_back(conversion.block);
       wrong.back()[letter] ^= 0x20;  // the other case
     }
     for (const std::string& name : wrong) {
-      SCOPED_TRACE(road.block + " against " + name);
+      SCOPED_TRACE(conversion.block + " against " + name);
       HwConfigOutputParams output;
       output.payloads = {{.hw_block = name}};
       Parser().dither = {right};
