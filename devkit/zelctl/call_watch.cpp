@@ -1,20 +1,15 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/call_watch.h"
 
-#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
 #include <atomic>
-#include <chrono>
-#include <condition_variable>
 #include <csignal>
 #include <cstdlib>
 #include <iostream>
-#include <mutex>
 #include <string_view>
-#include <thread>
 
 #include "devkit/zelctl/errors.h"
 
@@ -51,71 +46,12 @@ void TellSignal(int signal) {
   raise(signal);
 }
 
-[[noreturn]] void EndProcess(int status) {
-  for (;;) syscall(SYS_exit_group, status);
-}
-
 void TellExit() {
   if (g_length == 0) return;
   std::cout.flush();
   Say("zelctl: the process was ended");
   SayWhile();
-  EndProcess(kExitCallFailed);
-}
-
-// Says so, once, where a call takes long.
-class Patience {
- public:
-  Patience() : thread_([this] { Wait(); }) {}
-
-  ~Patience() {
-    Change([this] { done_ = true; });
-    thread_.join();
-  }
-
-  // A call begins or ends.
-  void Next(bool is_call) {
-    Change([this, is_call] {
-      ++calls_;
-      in_call_ = is_call;
-    });
-  }
-
- private:
-  template <typename Set>
-  void Change(Set set) {
-    {
-      const std::lock_guard lock(mutex_);
-      set();
-    }
-    changed_.notify_all();
-  }
-
-  void Wait() {
-    constexpr auto kLong = std::chrono::seconds(10);
-    std::unique_lock lock(mutex_);
-    while (!done_) {
-      changed_.wait(lock, [this] { return done_ || in_call_; });
-      const uint64_t call = calls_;
-      const auto over = [this, call] { return done_ || calls_ != call; };
-      if (changed_.wait_for(lock, kLong, over)) continue;
-      Say("zelctl: no answer in 10 s, still waiting");
-      SayWhile();
-      changed_.wait(lock, over);
-    }
-  }
-
-  std::mutex mutex_;
-  std::condition_variable changed_;
-  uint64_t calls_ = 0;
-  bool in_call_ = false;
-  bool done_ = false;
-  std::thread thread_;  // after what it uses
-};
-
-Patience& ThePatience() {
-  static Patience patience;
-  return patience;
+  _exit(kExitCallFailed);
 }
 
 // Handlers that are there already, a sanitizer's say, tell more.
@@ -151,20 +87,8 @@ CallWatch::CallWatch(const std::string& doing) {
   const size_t length = std::min(doing.size(), g_doing.size());
   std::copy_n(doing.begin(), length, g_doing.begin());
   g_length = length;
-  ThePatience().Next(true);
 }
 
-CallWatch::~CallWatch() {
-  if (g_length > 0) ThePatience().Next(false);
-  g_length = 0;
-}
+CallWatch::~CallWatch() { g_length = 0; }
 
 }  // namespace zelctl
-
-// This program's, which a library finds before the system's: no exit is silent.
-extern "C" __attribute__((visibility("default"))) void _exit(int status) {
-  zelctl::TellExit();
-  zelctl::EndProcess(status);
-}
-
-extern "C" __attribute__((visibility("default"))) void _Exit(int status) { _exit(status); }

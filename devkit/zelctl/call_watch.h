@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// A library that ends or holds up zelctl while the plug-in calls it does not do so in
-// silence.
+// A library that ends zelctl while the plug-in calls it does not do so in silence.
 #pragma once
 
 #include <string>
@@ -9,8 +8,8 @@
 namespace zelctl {
 
 // While it lives: a signal that kills the process, or an exit, is told on standard error
-// with `doing`, as "calling Init of the mode parser". An exit then has status 1. A call of
-// more than 10 s is told while it goes on. One at a time.
+// with `doing`, as "calling Init of the mode parser". An exit then has status 1. One at a
+// time.
 class CallWatch {
  public:
   explicit CallWatch(const std::string& doing);
