@@ -109,15 +109,9 @@ bool HoldsNoNumber(const velaricolor::HwConfigPayload& payload) {
 
 void HostSession::LibraryCloser::operator()(void* handle) const { dlclose(handle); }
 
-std::string InitText(const SessionOptions& options) {
-  if (options.arg) return *options.arg;
-  RequireReadable(options.panel, "panel");
-  return options.panel;
-}
-
 HostSession::HostSession(const SessionOptions& options)
     : problems_(options.problems), libraries_(options.libraries, options.plugin) {
-  const std::string text = InitText(options);
+  RequireReadable(options.panel, "panel");
   for (const auto& [file, what] : {std::pair(options.libraries.parser, "parser"),
                                    {options.libraries.algo, "algorithm library"}}) {
     if (file) RequireReadable(*file, what);
@@ -127,16 +121,16 @@ HostSession::HostSession(const SessionOptions& options)
   setenv(kLogLevelProperty, level.c_str(), options.log_level ? 1 : 0);
   library_.reset(OpenPlugin(options.plugin));
   plugin_.reset(Create(library_.get(), options.plugin));
-  Initialise(options, text);
+  Initialise(options);
 }
 
-void HostSession::Initialise(const SessionOptions& options, const std::string& text) {
-  const int code = plugin_->Init(text);
+void HostSession::Initialise(const SessionOptions& options) {
+  const int code = plugin_->Init(options.panel);
   const std::string failure = libraries_.ParserFailure();
   if (code != velaricolor::kOk && !failure.empty()) {
     throw std::runtime_error(failure);
   }
-  Check("Init(\"" + text + "\")", code);
+  Check("Init(\"" + options.panel + "\")", code);
   const std::string why = libraries_.AlgoFailure();
   if (why.empty() || !libraries_.AlgoIsThere()) return;
   if (options.libraries.algo) throw std::runtime_error(why);

@@ -37,11 +37,8 @@ size_t SelectMode(const velaricolor::ColorModeList& list, const std::string& tex
   }
   std::vector<std::string> labels;
   for (const auto& mode : list.modes) labels.push_back(mode.label);
-  const std::string meant = DidYouMean(text, labels);
-  throw UsageError("no mode '" + text + "'" + meant +
-                   (labels.empty()  ? "; the panel has none"
-                    : meant.empty() ? "; valid modes: " + Titles(list)
-                                    : " Valid modes: " + Titles(list)));
+  throw UsageError("no mode '" + text + "'" + DidYouMean(text, labels) +
+                   (labels.empty() ? "; the panel has none" : "; valid modes: " + Titles(list)));
 }
 
 }  // namespace zelctl

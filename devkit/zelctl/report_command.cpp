@@ -11,9 +11,9 @@
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
+#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
-#include "devkit/zelctl/own_panel.h"
 #include "devkit/zelctl/report/mode_report.h"
 #include "devkit/zelctl/report/page.h"
 #include "devkit/zelctl/report/patches_file.h"
@@ -21,6 +21,19 @@
 
 namespace zelctl {
 namespace {
+
+// Another parser's modes are not those of the panel that is used unless one is named.
+void RequireOwnPanel(const GlobalOptions& globals) {
+  if (globals.panel_given) return;
+  const auto reference =
+      std::filesystem::path(FindInstallation().plugin).replace_filename(tarn::kModeParserLibrary);
+  const std::string parser = globals.session.libraries.parser.value_or(
+      FindByName(tarn::kModeParserLibrary, globals.session.plugin));
+  std::error_code ignored;
+  if (std::filesystem::equivalent(parser, reference, ignored)) return;
+  throw UsageError("the mode parser is " + parser +
+                   ": say with --panel which description its panel has, for targets and primaries");
+}
 
 tarn::reference::Panel ReadDescription(const std::string& path) {
   try {
@@ -66,7 +79,7 @@ std::vector<size_t> Places(const velaricolor::ColorModeList& list,
 
 void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
   CheckArguments(globals, arguments);
-  RequireOwnPanel(globals, "targets and primaries");
+  RequireOwnPanel(globals);
   HostSession session(globals.session);
   Report report = {.panel_file = std::filesystem::path(globals.session.panel).filename(),
                    .panel = ReadDescription(globals.session.panel)};

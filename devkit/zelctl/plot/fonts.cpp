@@ -10,7 +10,7 @@
 
 namespace zelctl {
 
-FontsAnswer FontsFor(const std::string& text) {
+bool FontsHave(const std::string& text) {
   std::set<char32_t> characters;
   for (const char32_t character : Characters(text)) {
     if (character > 0x7e) characters.insert(character);
@@ -19,10 +19,9 @@ FontsAnswer FontsFor(const std::string& text) {
     std::array<char, 32> pattern = {};
     std::snprintf(pattern.data(), pattern.size(), ":charset=%x", static_cast<unsigned>(character));
     const ToolRun run = RunTool({"fc-list", pattern.data(), "family"}, "");
-    if (!run.found) return FontsAnswer::kUnknown;
-    if (run.status != 0 || run.out.empty()) return FontsAnswer::kLackSome;
+    if (!run.found || run.status != 0 || run.out.empty()) return false;
   }
-  return FontsAnswer::kHaveAll;
+  return true;
 }
 
 }  // namespace zelctl

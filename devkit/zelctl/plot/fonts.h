@@ -7,13 +7,8 @@
 
 namespace zelctl {
 
-enum class FontsAnswer {
-  kHaveAll,
-  kLackSome,
-  kUnknown,  // there is no fc-list, which would know
-};
-
-// Whether the machine's fonts have every character of `text`. ASCII they have.
-FontsAnswer FontsFor(const std::string& text);
+// Whether the machine's fonts have every character of `text`. Where nothing can tell
+// (fontconfig's fc-list is missing), only ASCII is taken for sure.
+bool FontsHave(const std::string& text);
 
 }  // namespace zelctl

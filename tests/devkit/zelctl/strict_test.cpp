@@ -45,11 +45,6 @@ TEST(OwnLibraries, AreUsedUnderWhateverName) {
   EXPECT_NE(rows(""), rows("wrong order"));
 }
 
-TEST(OwnLibraries, GetTheTextThatTheUserGives) {
-  const ZelctlRun run = RunZelctl("modes --arg " PANELS "odd.json --panel /nowhere");
-  EXPECT_NE(run.out.find(" paper_exact "), std::string::npos) << run.err;
-}
-
 // The loader looks where the library says, not where zelctl does.
 TEST(OwnLibraries, FindTheirNeighbours) {
   const std::string own = WriteFile("own.so", ReadFile(BAD_LIBRARIES));
