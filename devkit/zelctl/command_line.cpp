@@ -6,7 +6,9 @@
 #include <CLI/App.hpp>
 #include <CLI/Config.hpp>
 #include <CLI/Formatter.hpp>
+#include <algorithm>
 #include <iostream>
+#include <utility>
 
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/help_texts.h"
@@ -42,6 +44,37 @@ std::string NotExpected(const CLI::App& app) {
   return UnknownWord(app.remaining(true), known);
 }
 
+bool HasUnknownOption(const CLI::App& app) {
+  const auto words = app.remaining(true);
+  return std::any_of(words.begin(), words.end(),
+                     [](const std::string& word) { return word.starts_with("-"); });
+}
+
+// The complaint in everyday words, where the command line's library has words of its own.
+std::string Complaint(const std::string& text) {
+  const std::string missing = " missing";
+  for (const auto& [theirs, ours] :
+       {std::pair(": At Most 1 required but received ", " is given more than once"),
+        {" was given a disallowed flag override", " takes no value"}}) {
+    const size_t at = text.find(theirs);
+    if (at == std::string::npos) continue;
+    return (text.starts_with("-") ? "" : "--") + text.substr(0, at) + ours;
+  }
+  const std::string needs = ": 1 required ";
+  const size_t at = text.find(needs);
+  if (at == std::string::npos || !text.ends_with(missing)) return text;
+  const size_t type = at + needs.size();
+  return text.substr(0, at) + " needs " + text.substr(type, text.size() - missing.size() - type);
+}
+
+// "--json=no" says neither yes nor no for sure.
+void RefuseValuesOfFlags(CLI::App& app) {
+  for (auto* option : app.get_options()) {
+    if (option->get_expected_max() == 0) option->disable_flag_override();
+  }
+  for (auto* command : app.get_subcommands({})) RefuseValuesOfFlags(*command);
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
@@ -69,6 +102,7 @@ int RunCommandLine(int argc, char** argv) {
   AddPlainCommand(app, globals, "caps", "Show what the plug-in supports", kCapsHelp, RunCaps);
   AddValidateCommand(app, globals);
   AddImportCommand(app, globals);
+  RefuseValuesOfFlags(app);
 
   try {
     app.parse(argc, argv);
@@ -78,7 +112,9 @@ int RunCommandLine(int argc, char** argv) {
   } catch (const CLI::ExtrasError&) {
     throw UsageError(NotExpected(app));
   } catch (const CLI::Error& e) {
-    throw UsageError(e.what());
+    // A mistyped option is why one is missing.
+    if (HasUnknownOption(app)) throw UsageError(NotExpected(app));
+    throw UsageError(Complaint(e.what()));
   }
   if (!std::cout.flush()) throw std::runtime_error("can't write to standard output");
   if (globals.strict && !globals.problems.empty()) {

@@ -5,6 +5,7 @@
 
 #include "devkit/zelctl/help_texts.h"
 #include "devkit/zelctl/mode_selection.h"
+#include "devkit/zelctl/options/option_kinds.h"
 
 namespace zelctl {
 
@@ -20,6 +21,7 @@ void AddExportCommand(CLI::App& app, const GlobalOptions& globals) {
       ->type_name("FILE");
   FormatOptions* format = &arguments->format_options;
   command->add_option("--size", format->size, "cube: nodes per channel, 2 to 129; default 65")
+      ->check(WholeNumber(0, UINT32_MAX))
       ->type_name("N");
   command->add_option("--icc-version", format->icc_version, "icc: 2 or 4; default 4")
       ->type_name("VERSION");

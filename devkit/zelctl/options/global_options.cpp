@@ -26,6 +26,10 @@ void AddGlobalOptions(CLI::App& app, GlobalOptions* globals) {
                  "The algorithm library; default: the same way")
       ->take_last()
       ->type_name("FILE");
+  app.add_option("--arg", globals->session.arg,
+                 "Text for the libraries' Init; default: the path of --panel")
+      ->take_last()
+      ->type_name("TEXT");
   app.add_flag("--strict", globals->strict,
                "Fail where the host would not get an answer whole: a failed\n"
                "parser, a block that does not arrive, a number that is none");

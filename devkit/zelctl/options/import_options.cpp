@@ -24,7 +24,7 @@ void AddImportCommand(CLI::App& app, const GlobalOptions& globals) {
   AddParsedOption(*command, "--black", &options->black, "CD/M2", ParseNumber,
                   "Luminance of signal 0");
   command->add_option("--bit-depth", options->bit_depth, "Depth of the panel's signal")
-      ->check(CLI::Range(6U, 16U).description(""))
+      ->check(WholeNumber(6, 16))
       ->type_name("N");
   command->add_option("--transfer", options->transfer, "linear, srgb or an exponent")
       ->type_name("CURVE");

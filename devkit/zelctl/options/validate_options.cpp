@@ -11,8 +11,6 @@ namespace zelctl {
 void AddValidateCommand(CLI::App& app, const GlobalOptions& globals) {
   auto arguments = std::make_shared<ValidateArguments>();
   auto* command = app.add_subcommand("validate", "Check a mode parser or an algorithm library");
-  command->add_option("--arg", arguments->arg, "Text for Init; default: the path of --panel")
-      ->type_name("TEXT");
   command
       ->add_option("--timeout", arguments->timeout,
                    "Seconds that a library may take for a call; default 10")
