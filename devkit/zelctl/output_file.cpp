@@ -75,8 +75,8 @@ std::string_view RequireEnding(const std::string& path,
 
 void WriteOutput(const std::string& path, std::string_view bytes) {
   const int failure = WriteOrReplace(path, bytes);
-  if (failure != 0)
-    throw UsageError("can't write " + NameText(path) + ": " + std::strerror(failure));
+  if (failure == 0) return;
+  throw UsageError("can't write " + NameText(path) + ": " + std::strerror(failure));
 }
 
 }  // namespace zelctl

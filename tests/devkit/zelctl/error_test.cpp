@@ -26,7 +26,7 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
   const std::string extra = WriteFile(
       "extra.json", R"({"r": [0, 1, 0, 0], "g": [0, 0, 1, 0], "b": [0, 0, 0, 1], "on": true})");
   const std::string cut = WriteFile("cut.png", ReadFile(SAMPLE_PICTURE).substr(0, 2000));
-  const std::string pipe = NewPath("pipe");
+  const std::string pipe = NewPath("fifo");
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const std::string self = NewPath("self");
   std::filesystem::create_symlink(self, self);
