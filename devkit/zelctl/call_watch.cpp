@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/call_watch.h"
 
+#include <sys/syscall.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -12,6 +13,7 @@
 #include <string_view>
 
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/slow_call_note.h"
 
 namespace zelctl {
 namespace {
@@ -34,9 +36,14 @@ void SayWhile() {
   Say("; zelctl validate says more\n");
 }
 
+// After a fork the child's end is its own.
+std::atomic<pid_t> g_process = 0;
+
+bool IsCalling() { return g_length > 0 && getpid() == g_process; }
+
 // The default action follows when it returns.
 void TellSignal(int signal) {
-  if (g_length > 0) {
+  if (IsCalling()) {
     const std::array<char, 2> digits = {static_cast<char>('0' + signal / 10),
                                         static_cast<char>('0' + signal % 10)};
     Say("zelctl: killed by signal ");
@@ -46,12 +53,20 @@ void TellSignal(int signal) {
   raise(signal);
 }
 
-void TellExit() {
-  if (g_length == 0) return;
-  std::cout.flush();
+[[noreturn]] void EndAtOnce(int status) {
+  for (;;) syscall(SYS_exit_group, status);
+}
+
+void SayEnded() {
   Say("zelctl: the process was ended");
   SayWhile();
-  _exit(kExitCallFailed);
+}
+
+void TellExit() {
+  if (!IsCalling()) return;
+  std::cout.flush();
+  SayEnded();
+  EndAtOnce(kExitCallFailed);
 }
 
 // Handlers that are there already, a sanitizer's say, tell more.
@@ -86,9 +101,29 @@ CallWatch::CallWatch(const std::string& doing) {
   GiveTheThreadAStack();
   const size_t length = std::min(doing.size(), g_doing.size());
   std::copy_n(doing.begin(), length, g_doing.begin());
+  g_process = getpid();
   g_length = length;
+  SlowCallNote::Of().Begin(doing);
 }
 
-CallWatch::~CallWatch() { g_length = 0; }
+CallWatch::~CallWatch() {
+  SlowCallNote::Of().End();
+  g_length = 0;
+}
 
 }  // namespace zelctl
+
+// What a library calls that ends the process without its exit functions. Under a name of its
+// own, for the system's headers declare it otherwise.
+extern "C" __attribute__((visibility("default"), noreturn)) void EndProcess(int status) __asm__(
+    "_exit");
+extern "C" __attribute__((visibility("default"), noreturn)) void EndProcessToo(int status) __asm__(
+    "_Exit");
+
+extern "C" void EndProcess(int status) {
+  if (!zelctl::IsCalling()) zelctl::EndAtOnce(status);
+  zelctl::SayEnded();
+  zelctl::EndAtOnce(zelctl::kExitCallFailed);
+}
+
+extern "C" void EndProcessToo(int status) { EndProcess(status); }

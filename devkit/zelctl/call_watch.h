@@ -8,8 +8,8 @@
 namespace zelctl {
 
 // While it lives: a signal that kills the process, or an exit, is told on standard error
-// with `doing`, as "calling Init of the mode parser". An exit then has status 1. One at a
-// time.
+// with `doing`, as "calling Init of the mode parser". An exit then has status 1. So is a call
+// that takes long, which goes on. One at a time.
 class CallWatch {
  public:
   explicit CallWatch(const std::string& doing);

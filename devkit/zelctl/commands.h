@@ -61,9 +61,7 @@ struct ReportArguments {
   RenderOptions options;
 };
 
-// Text unset: --panel's.
 struct ValidateArguments {
-  std::optional<std::string> arg;
   uint32_t timeout = 10;  // seconds for each call
 };
 

@@ -11,6 +11,8 @@ std::string CodeText(int code) {
   return std::to_string(code) + (name == nullptr ? "" : " (" + std::string(name) + ")");
 }
 
+std::string NameText(const std::string& path) { return path.empty() ? "''" : path; }
+
 std::string OneLine(std::string text) {
   std::replace_if(
       text.begin(), text.end(), [](unsigned char c) { return c < ' ' || c == 0x7f; }, '?');

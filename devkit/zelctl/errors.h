@@ -14,6 +14,9 @@ inline constexpr int kExitUsage = 2;       // a wrong mode, file, number or opti
 // "-22 (EINVAL)"; a library's own code that is no errno value stays a number.
 std::string CodeText(int code);
 
+// A path as complaints show it: nothing at all would not be seen.
+std::string NameText(const std::string& path);
+
 // Names and labels of libraries, whatever they hold: a line stays a line.
 std::string OneLine(std::string text);
 

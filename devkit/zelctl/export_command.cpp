@@ -6,6 +6,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
+#include "devkit/zelctl/own_panel.h"
 #include "devkit/zelctl/rounds.h"
 
 namespace zelctl {
@@ -14,10 +15,7 @@ void RunExport(const GlobalOptions& globals, const ExportArguments& arguments) {
   if (globals.json) throw UsageError("export takes no --json: --format json writes a file");
   const ExportFormat& format = FindExportFormat(arguments.format);
   RefuseOtherFormatsOptions(format, arguments.format_options);
-  if (format.reads_description && globals.session.libraries.parser && !globals.panel_given) {
-    throw UsageError("a parser of your own, but no --panel, whose description " + arguments.format +
-                     " reads");
-  }
+  if (format.reads_description) RequireOwnPanel(globals, arguments.format);
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
   const size_t mode = SelectMode(list, arguments.mode);

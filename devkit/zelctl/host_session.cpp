@@ -67,7 +67,7 @@ void Check(const std::string& call, int code) {
 }
 
 void* OpenPlugin(const std::string& path) {
-  RequireReadable(path, "plug-in");
+  RequireLibrary(path, "plug-in");
   // Absolute: a bare file name would send the loader down its search path.
   void* library = dlopen(std::filesystem::absolute(path).c_str(), RTLD_NOW | RTLD_LOCAL);
   if (library == nullptr) throw UsageError("can't load plug-in " + std::string(dlerror()));
@@ -109,28 +109,34 @@ bool HoldsNoNumber(const velaricolor::HwConfigPayload& payload) {
 
 void HostSession::LibraryCloser::operator()(void* handle) const { dlclose(handle); }
 
+std::string InitText(const SessionOptions& options) {
+  if (options.arg) return *options.arg;
+  RequireReadable(options.panel, "panel");
+  return options.panel;
+}
+
 HostSession::HostSession(const SessionOptions& options)
     : problems_(options.problems), libraries_(options.libraries, options.plugin) {
-  RequireReadable(options.panel, "panel");
+  const std::string text = InitText(options);
   for (const auto& [file, what] : {std::pair(options.libraries.parser, "parser"),
                                    {options.libraries.algo, "algorithm library"}}) {
-    if (file) RequireReadable(*file, what);
+    if (file) RequireLibrary(*file, what);
   }
   // Read while the library loads. An environment that asks for more is kept.
   const std::string level = std::to_string(options.log_level.value_or(0));
   setenv(kLogLevelProperty, level.c_str(), options.log_level ? 1 : 0);
   library_.reset(OpenPlugin(options.plugin));
   plugin_.reset(Create(library_.get(), options.plugin));
-  Initialise(options);
+  Initialise(options, text);
 }
 
-void HostSession::Initialise(const SessionOptions& options) {
-  const int code = plugin_->Init(options.panel);
+void HostSession::Initialise(const SessionOptions& options, const std::string& text) {
+  const int code = plugin_->Init(text);
   const std::string failure = libraries_.ParserFailure();
   if (code != velaricolor::kOk && !failure.empty()) {
     throw std::runtime_error(failure);
   }
-  Check("Init(\"" + options.panel + "\")", code);
+  Check("Init(\"" + text + "\")", code);
   const std::string why = libraries_.AlgoFailure();
   if (why.empty() || !libraries_.AlgoIsThere()) return;
   if (options.libraries.algo) throw std::runtime_error(why);

@@ -16,13 +16,17 @@ namespace zelctl {
 
 struct SessionOptions {
   std::string plugin;
-  std::string panel;             // handed to Init
-  std::optional<int> log_level;  // unset: the environment's, or else errors only
+  std::string panel;
+  std::optional<std::string> arg;  // for Init; unset: the path of the panel
+  std::optional<int> log_level;    // unset: the environment's, or else errors only
   LibraryFiles libraries;
 
   // What the host does not get whole goes here, and to standard error at once.
   std::vector<std::string>* problems = nullptr;
 };
+
+// What Init is handed. Throws UsageError where that is a panel that can't be read.
+std::string InitText(const SessionOptions& options);
 
 // Failed calls throw CallError, a file that can't be used UsageError.
 //
@@ -66,7 +70,7 @@ class HostSession {
   }
   void SetPayload(velaricolor::VcProperty property, const velaricolor::VcPayload& payload);
   void GetPayload(velaricolor::VcProperty property, velaricolor::VcPayload* payload);
-  void Initialise(const SessionOptions& options);
+  void Initialise(const SessionOptions& options, const std::string& text);
   void Tell(const std::string& problem);
   void TellProblems();
 

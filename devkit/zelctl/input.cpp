@@ -55,13 +55,17 @@ std::vector<std::string> Split(const std::string& text, const char* separators) 
 }
 
 void RequireReadable(const std::string& path, const std::string& what) {
+  const std::string complaint = "can't read " + what + " " + NameText(path) + ": ";
   std::error_code ignored;
-  if (std::filesystem::is_directory(path, ignored)) {
-    throw UsageError("can't read " + what + " " + path + ": Is a directory");
-  }
-  if (access(path.c_str(), R_OK) != 0) {
-    throw UsageError("can't read " + what + " " + path + ": " + std::strerror(errno));
-  }
+  if (std::filesystem::is_directory(path, ignored)) throw UsageError(complaint + "Is a directory");
+  if (access(path.c_str(), R_OK) != 0) throw UsageError(complaint + std::strerror(errno));
+}
+
+void RequireLibrary(const std::string& path, const std::string& what) {
+  RequireReadable(path, what);
+  std::error_code ignored;
+  if (std::filesystem::is_regular_file(path, ignored)) return;
+  throw UsageError("can't read " + what + " " + path + ": not a file");
 }
 
 std::string ReadWhole(const std::string& path, const std::string& what) {

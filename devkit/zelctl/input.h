@@ -24,6 +24,9 @@ std::vector<std::string> Split(const std::string& text, const char* separators);
 // Refuses a path that is not a readable file. `what` names the file's role.
 void RequireReadable(const std::string& path, const std::string& what);
 
+// The same for what the loader opens, which would wait for ever at a pipe.
+void RequireLibrary(const std::string& path, const std::string& what);
+
 // The contents of a file of at most 16 MiB.
 std::string ReadWhole(const std::string& path, const std::string& what);
 

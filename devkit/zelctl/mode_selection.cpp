@@ -37,8 +37,9 @@ size_t SelectMode(const velaricolor::ColorModeList& list, const std::string& tex
   }
   std::vector<std::string> labels;
   for (const auto& mode : list.modes) labels.push_back(mode.label);
-  throw UsageError("no mode '" + text + "'" + DidYouMean(text, labels) +
-                   (labels.empty() ? "; the panel has none" : "; valid modes: " + Titles(list)));
+  throw UsageError("no mode '" + text + "'" +
+                   (labels.empty() ? "; the panel has none"
+                                   : DidYouMean(text, labels, "valid modes", Titles(list))));
 }
 
 }  // namespace zelctl

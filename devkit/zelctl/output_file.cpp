@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/output_file.h"
 
+#include <strings.h>
 #include <unistd.h>
 
 #include <cerrno>
@@ -43,27 +44,39 @@ int Replace(const fs::path& target, std::string_view bytes) {
 // The error number, or 0.
 int WriteOrReplace(const fs::path& path, std::string_view bytes) {
   std::error_code error;
-  const fs::path target = fs::canonical(path, error);  // a link stays a link
-  if (error) return Replace(path, bytes);              // nothing there yet
-  if (!fs::is_regular_file(target, error)) return Write(target, bytes);
+  const fs::file_status status = fs::status(path, error);
+  if (!fs::status_known(status)) return error.value();
+  const bool link = fs::is_symlink(fs::symlink_status(path, error));
+  if (!fs::exists(status) && !link) return Replace(path, bytes);
+  // A link stays a link, also one to a pipe, which has no name, or to nothing yet.
+  const fs::path target = fs::canonical(path, error);
+  if (error || !fs::is_regular_file(status)) return Write(path, bytes);
   return access(target.c_str(), W_OK) == 0 ? Replace(target, bytes) : errno;
+}
+
+// In capitals or not.
+bool EndsWith(const std::string& path, std::string_view ending) {
+  return path.size() >= ending.size() &&
+         strcasecmp(path.c_str() + path.size() - ending.size(), ending.data()) == 0;
 }
 
 }  // namespace
 
 std::string_view RequireEnding(const std::string& path,
-                               std::initializer_list<std::string_view> endings) {
+                               std::initializer_list<std::string_view> endings,
+                               const std::string& option) {
   std::string known;
   for (const std::string_view ending : endings) {
-    if (path.ends_with(ending)) return ending;
+    if (EndsWith(path, ending)) return ending;
     known += (known.empty() ? "" : " or ") + std::string(ending);
   }
-  throw UsageError("--output: " + path + " must end in " + known);
+  throw UsageError(option + ": " + NameText(path) + " must end in " + known);
 }
 
 void WriteOutput(const std::string& path, std::string_view bytes) {
   const int failure = WriteOrReplace(path, bytes);
-  if (failure != 0) throw UsageError("can't write " + path + ": " + std::strerror(failure));
+  if (failure == 0) return;
+  throw UsageError("can't write " + NameText(path) + ": " + std::strerror(failure));
 }
 
 }  // namespace zelctl

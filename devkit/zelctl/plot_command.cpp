@@ -3,14 +3,13 @@
 #include <iostream>
 #include <optional>
 
-#include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
-#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
+#include "devkit/zelctl/own_panel.h"
 #include "devkit/zelctl/plot/fonts.h"
 #include "devkit/zelctl/plot/gnuplot.h"
 #include "devkit/zelctl/plot/mode_plot.h"
@@ -28,16 +27,6 @@ using tarn::reference::Panel;
 
 constexpr size_t kLongestName = 40;  // leaves room for the settings
 
-// Whether the parser is another than the one that came with zelctl.
-bool HasOwnParser(const SessionOptions& session) {
-  namespace fs = std::filesystem;
-  if (session.libraries.parser) return true;
-  const char* const name = tarn::kModeParserLibrary;
-  const fs::path ours = fs::path(FindInstallation().plugin).replace_filename(name);
-  std::error_code missing;
-  return !fs::equivalent(FindByName(name, session.plugin), ours, missing);
-}
-
 // What the panel's description says of itself; null where it is not of the reference
 // parser's form, as another parser's may be.
 std::optional<Panel> TryReadPanel(const std::string& path) {
@@ -50,9 +39,14 @@ std::optional<Panel> TryReadPanel(const std::string& path) {
 
 // The text, or where the fonts lack a character of it what is said instead.
 std::string Showable(const std::string& text, const std::string& instead, bool svg) {
-  if (svg || FontsHave(text)) return text;  // of SVG the viewer's fonts decide
-  std::cerr << "zelctl: no font here has all characters of '" << OneLine(text) << "': shown as '"
-            << instead << "'\n";
+  if (svg) return text;  // the viewer's fonts decide
+  const Fonts fonts = FontsFor(text);
+  if (fonts == Fonts::kHaveIt) return text;
+  std::cerr << "zelctl: "
+            << (fonts == Fonts::kLackIt ? "no font here has all characters of '"
+                                        : "can't run fc-list, of the package fontconfig, to see "
+                                          "whether fonts have all characters of '")
+            << OneLine(text) << "': shown as '" << instead << "'\n";
   return instead;
 }
 
@@ -96,10 +90,8 @@ GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorM
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   if (globals.json) throw UsageError("plot takes no --json: it prints nothing");
   const bool svg = RequireEnding(arguments.output, {kSvg, kPng}) == kSvg;
-  if (HasGamut(arguments.kind) && !globals.panel_given && HasOwnParser(globals.session)) {
-    throw UsageError(
-        "a parser of your own, but no --panel: the gamut can't be drawn; "
-        "--what curves and --what pcc can");
+  if (HasGamut(arguments.kind)) {
+    RequireOwnPanel(globals, "the gamut; --what curves and --what pcc need none");
   }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);

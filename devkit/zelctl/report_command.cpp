@@ -5,15 +5,14 @@
 #include <numeric>
 #include <set>
 
-#include "bridge/tarn_intf.h"
 #include "devkit/reference/panel/panel_error.h"
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
-#include "devkit/zelctl/installation.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
+#include "devkit/zelctl/own_panel.h"
 #include "devkit/zelctl/report/mode_report.h"
 #include "devkit/zelctl/report/page.h"
 #include "devkit/zelctl/report/patches_file.h"
@@ -21,19 +20,6 @@
 
 namespace zelctl {
 namespace {
-
-// Another parser's modes are not those of the panel that is used unless one is named.
-void RequireOwnPanel(const GlobalOptions& globals) {
-  if (globals.panel_given) return;
-  const auto reference =
-      std::filesystem::path(FindInstallation().plugin).replace_filename(tarn::kModeParserLibrary);
-  const std::string parser = globals.session.libraries.parser.value_or(
-      FindByName(tarn::kModeParserLibrary, globals.session.plugin));
-  std::error_code ignored;
-  if (std::filesystem::equivalent(parser, reference, ignored)) return;
-  throw UsageError("the mode parser is " + parser +
-                   ": say with --panel which description its panel has, for targets and primaries");
-}
 
 tarn::reference::Panel ReadDescription(const std::string& path) {
   try {
@@ -48,7 +34,7 @@ void CheckArguments(const GlobalOptions& globals, const ReportArguments& argumen
     throw UsageError("report: where to? Give -o FILE.html, --json or --patches FILE.ti1");
   }
   if (arguments.output) RequireEnding(*arguments.output, {".html", ".htm"});
-  if (arguments.patches) RequireEnding(*arguments.patches, {".ti1"});
+  if (arguments.patches) RequireEnding(*arguments.patches, {".ti1"}, "--patches");
   if (arguments.measured) RequireReadable(*arguments.measured, "measurements");
   if (arguments.modes.size() == 1) return;
   for (const auto& [given, name] : {std::pair(arguments.patches.has_value(), "--patches"),
@@ -79,7 +65,7 @@ std::vector<size_t> Places(const velaricolor::ColorModeList& list,
 
 void RunReport(const GlobalOptions& globals, const ReportArguments& arguments) {
   CheckArguments(globals, arguments);
-  RequireOwnPanel(globals);
+  RequireOwnPanel(globals, "targets and primaries");
   HostSession session(globals.session);
   Report report = {.panel_file = std::filesystem::path(globals.session.panel).filename(),
                    .panel = ReadDescription(globals.session.panel)};

@@ -43,6 +43,13 @@ std::string DidYouMean(const std::string& word, const std::vector<std::string>& 
   return away(nearest) > most ? "" : "; did you mean '" + nearest + "'?";
 }
 
+std::string DidYouMean(const std::string& word, const std::vector<std::string>& known,
+                       const std::string& heading, const std::string& list) {
+  const std::string meant = DidYouMean(word, known);
+  if (meant.empty()) return "; " + heading + ": " + list;
+  return meant + " (" + heading + ": " + list + ")";
+}
+
 std::string UnknownWord(const std::vector<std::string>& words, const KnownWords& known) {
   const std::string word = words.empty() ? "" : words.front();
   if (word.starts_with("-")) {

@@ -12,6 +12,10 @@ namespace zelctl {
 // capitals or not; else empty.
 std::string DidYouMean(const std::string& word, const std::vector<std::string>& known);
 
+// The same, and then "valid modes: " and the like with its list, as a further clause.
+std::string DidYouMean(const std::string& word, const std::vector<std::string>& known,
+                       const std::string& heading, const std::string& list);
+
 // What the command line could have been made of.
 struct KnownWords {
   std::vector<std::string> commands;

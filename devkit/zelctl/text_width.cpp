@@ -65,6 +65,14 @@ std::string Shortened(const std::string& text, size_t columns) {
   return shortened + "\u2026";
 }
 
+bool IsUtf8(const std::string& text) {
+  bool valid = true;
+  ForEachCharacter(text, [&](char32_t c, const std::string& bytes, size_t) {
+    if (c == 0xfffd && bytes.size() == 1) valid = false;
+  });
+  return valid;
+}
+
 std::u32string Characters(const std::string& text) {
   std::u32string characters;
   ForEachCharacter(text, [&](char32_t c, const std::string&, size_t) { characters += c; });

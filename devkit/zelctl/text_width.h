@@ -15,6 +15,8 @@ size_t DisplayWidth(const std::string& text);
 // `text`, or its beginning and an ellipsis where it takes more than `columns`.
 std::string Shortened(const std::string& text, size_t columns);
 
+bool IsUtf8(const std::string& text);
+
 // One for each byte that is no UTF-8 is U+FFFD.
 std::u32string Characters(const std::string& text);
 

@@ -24,15 +24,13 @@ void Validate(const GlobalOptions& globals, const std::optional<std::string>& pa
 }  // namespace
 
 void RunValidate(const GlobalOptions& globals, const ValidateArguments& arguments) {
-  const auto& [arg, timeout] = arguments;
   const auto& [parser, algo] = globals.session.libraries;
-  if (parser) RequireReadable(*parser, "parser");
-  if (algo) RequireReadable(*algo, "algorithm library");
-  if (!arg) RequireReadable(globals.session.panel, "panel");
-  const std::string text = arg.value_or(globals.session.panel);
+  if (parser) RequireLibrary(*parser, "parser");
+  if (algo) RequireLibrary(*algo, "algorithm library");
+  const std::string text = InitText(globals.session);
 
   RuleReport report(globals.json, globals.session.log_level.has_value(), &std::cout);
-  const std::chrono::seconds limit(timeout);
+  const std::chrono::seconds limit(arguments.timeout);
   if (parser || !algo) Validate(globals, parser, text, limit, ParserRules(), &report);
   if (algo || !parser) Validate(globals, algo, text, limit, AlgoRules(), &report);
   report.Finish();

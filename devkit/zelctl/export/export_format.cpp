@@ -49,8 +49,7 @@ const ExportFormat& FindExportFormat(const std::string& name) {
   }
   std::string list;
   for (const std::string& one : known) list += (list.empty() ? "" : ", ") + one;
-  throw UsageError("--format: no format '" + name + "'" + DidYouMean(name, known) +
-                   "; known: " + list);
+  throw UsageError("--format: no format '" + name + "'" + DidYouMean(name, known, "known", list));
 }
 
 void RefuseOtherFormatsOptions(const ExportFormat& format, const FormatOptions& options) {

@@ -8,6 +8,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/import/line_text.h"
 #include "devkit/zelctl/import/transfer_form.h"
+#include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
 namespace {
@@ -116,10 +117,14 @@ std::string Joined(const std::vector<std::string>& parts) {
 }  // namespace
 
 void CheckOptions(const ImportOptions& options) {
+  if (options.name && !IsUtf8(*options.name)) throw UsageError("--name: it is no UTF-8");
   std::vector<std::string> names(kTargets.size());
   std::transform(kTargets.begin(), kTargets.end(), names.begin(),
                  [](const Target& target) { return target.name; });
   for (const std::string& name : options.targets) {
+    if (std::count(options.targets.begin(), options.targets.end(), name) > 1) {
+      throw UsageError("--targets: '" + name + "' is named twice");
+    }
     if (FindTarget(name) != nullptr) continue;
     throw UsageError("--targets: no target '" + name + "'; there are " + Joined(names));
   }

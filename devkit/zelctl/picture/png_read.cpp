@@ -27,7 +27,9 @@ struct FileCloser {
 };
 
 [[noreturn]] void Refuse(const std::string& path, const std::string& reason) {
-  throw UsageError("can't read picture " + path + ": " + reason);
+  const bool short_file = reason == "Read Error";  // libpng's words
+  throw UsageError("can't read picture " + path + ": " +
+                   (short_file ? "the file ends too early" : reason));
 }
 
 struct Reader {

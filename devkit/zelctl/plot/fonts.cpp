@@ -10,7 +10,7 @@
 
 namespace zelctl {
 
-bool FontsHave(const std::string& text) {
+Fonts FontsFor(const std::string& text) {
   std::set<char32_t> characters;
   for (const char32_t character : Characters(text)) {
     if (character > 0x7e) characters.insert(character);
@@ -19,9 +19,10 @@ bool FontsHave(const std::string& text) {
     std::array<char, 32> pattern = {};
     std::snprintf(pattern.data(), pattern.size(), ":charset=%x", static_cast<unsigned>(character));
     const ToolRun run = RunTool({"fc-list", pattern.data(), "family"}, "");
-    if (!run.found || run.status != 0 || run.out.empty()) return false;
+    if (!run.found || run.status != 0) return Fonts::kUnknown;
+    if (run.out.empty()) return Fonts::kLackIt;
   }
-  return true;
+  return Fonts::kHaveIt;
 }
 
 }  // namespace zelctl

@@ -7,8 +7,10 @@
 
 namespace zelctl {
 
-// Whether the machine's fonts have every character of `text`. Where nothing can tell
-// (fontconfig's fc-list is missing), only ASCII is taken for sure.
-bool FontsHave(const std::string& text);
+enum class Fonts { kHaveIt, kLackIt, kUnknown };
+
+// Whether the machine's fonts have every character of `text`: unknown where fontconfig's
+// fc-list is missing, but for ASCII.
+Fonts FontsFor(const std::string& text);
 
 }  // namespace zelctl

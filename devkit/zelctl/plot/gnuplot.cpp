@@ -23,7 +23,8 @@ std::string RunGnuplot(const std::string& script) {
   const ToolRun run = RunTool({"gnuplot", "-d"}, script);
   if (!run.found) throw UsageError("can't run gnuplot, of the package gnuplot-nox");
   if (run.status != 0 || run.out.empty()) {
-    throw std::runtime_error("gnuplot failed: " + LastLine(run.err));
+    const std::string said = LastLine(run.err);
+    throw std::runtime_error("gnuplot failed: " + (said.empty() ? "it drew nothing" : said));
   }
   return run.out;
 }

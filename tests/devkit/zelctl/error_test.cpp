@@ -3,6 +3,8 @@
 // Wrong input and failed calls: one line, the exit status, no file touched.
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+
 #include <algorithm>
 #include <filesystem>
 #include <string>
@@ -11,11 +13,23 @@
 
 namespace {
 
+// The path of that name where there is nothing yet.
+std::string NewPath(const std::string& name) {
+  std::string path = WriteFile(name, "");
+  std::filesystem::remove(path);
+  return path;
+}
+
 TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
   const std::string png = WriteFile("kept.png", "kept");
   const std::string few = WriteFile("few.json", R"({"r": [0, 1, 0]})");
   const std::string extra = WriteFile(
       "extra.json", R"({"r": [0, 1, 0, 0], "g": [0, 0, 1, 0], "b": [0, 0, 0, 1], "on": true})");
+  const std::string cut = WriteFile("cut.png", ReadFile(SAMPLE_PICTURE).substr(0, 2000));
+  const std::string pipe = NewPath("fifo");
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  const std::string self = NewPath("self");
+  std::filesystem::create_symlink(self, self);
   const std::string image = "render 0 --image " SAMPLE_PICTURE " -o ";
   const std::string no_mode = "; valid modes: 0 srgb (1:2:3), 1 twin (4:5:0), 2 twin (4:5:1)";
   const struct {
@@ -25,6 +39,23 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
     std::string before = {};
   } cases[] = {
       {"", "which subcommand? See zelctl --help"},
+      {"render", "MODE is required"},
+      {"modes --json=no", "--json takes no value"},
+      {"render 0 --from", "--from needs MODE"},
+      {"render 0 --imge in.png -o " + png, "no option '--imge'; did you mean '--image'?"},
+      {"render 0 --gc-bits 1 --gc-bits 2", "--gc-bits is given more than once"},
+      {"modes --panel ''", "can't read panel '': No such file or directory"},
+      {"modes --parser " + pipe, "can't read parser " + pipe + ": not a file"},
+      {"export 0 --format cube --size -1 -o " + png,
+       "--size: '-1' is not a whole number from 0 to 4294967295"},
+      {"export 0 --format csv -o ''", "can't write '': No such file or directory"},
+      {"export 0 --format csv -o " + self,
+       "can't write " + self + ": Too many levels of symbolic links"},
+      {"report 0 --patches a.html", "--patches: a.html must end in .ti1"},
+      {"import a.ti3 -o a.json --bit-depth 5",
+       "--bit-depth: '5' is not a whole number from 6 to 16"},
+      {"import a.ti3 -o a.json --targets srgb,srgb", "--targets: 'srgb' is named twice"},
+      {"import a.ti3 -o a.json --name $(printf '\\377')", "--name: it is no UTF-8"},
       {"modes caps", "nothing takes 'caps'"},
       {"help", "no command 'help'; see zelctl --help"},
       {"modes --panel /nowhere", "can't read panel /nowhere: No such file or directory"},
@@ -54,6 +85,8 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
       {"render 0 -o " + png, "--output requires --image"},
       {image + "out.jpg", "--output: out.jpg must end in .png"},
       {"render 0 --image /etc/passwd -o " + png, "can't read picture /etc/passwd: Not a PNG file"},
+      {"render 0 --image " + cut + " -o " + png,
+       "can't read picture " + cut + ": the file ends too early"},
       {image + png, "can't write " + png + ": File too large", 2, "trap '' XFSZ; ulimit -f 2;"},
       {"plot 0 -o a.pdf", "--output: a.pdf must end in .svg or .png"},
       {"plot 0 --what 2 -o " + png, "--what: expected all, gamut, curves or pcc"},
@@ -80,6 +113,20 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
        std::filesystem::directory_iterator(std::filesystem::path(png).parent_path())) {
     EXPECT_NE(entry.path().string().rfind(png + ".", 0), 0) << entry.path() << " is left over";
   }
+}
+
+// To a file that is not there yet, and to a pipe, which has no name.
+TEST(Error, ALinkStaysALink) {
+  const std::string target = NewPath("target");
+  const std::string link = NewPath("link");
+  for (const auto& [leads_to, after] : {std::pair(target, ""), {"/proc/self/fd/1", "| cat"}}) {
+    std::filesystem::create_symlink(leads_to, link);
+    const ZelctlRun run = RunZelctl("export 1 --format csv -o " + link + after);
+    EXPECT_EQ(run.status, 0) << run.err;
+    EXPECT_TRUE(std::filesystem::is_symlink(link)) << leads_to;
+    std::filesystem::remove(link);
+  }
+  EXPECT_TRUE(ReadFile(target).starts_with("block,entry,"));
 }
 
 }  // namespace

@@ -129,9 +129,12 @@ class Help(unittest.TestCase):
             ("--pannel x", "no option '--pannel'; did you mean '--panel'?"),
             ("render srgb --diming 1", "no option '--diming'; did you mean '--dimming'?"),
             ("modes --panle=x", "no option '--panle=x'; did you mean '--panel'?"),
+            ("export srgb --frmat clf -o a", "no option '--frmat'; did you mean '--format'?"),
+            ("export srgb --format clff -o a",
+             "--format: no format 'clff'; did you mean 'clf'? (known: clf, "),
             ("modes extra", "nothing takes 'extra'"),
-            ("render sRGB", "no mode 'sRGB'; did you mean 'srgb'?; valid modes: "),
-            ("render srbg", "no mode 'srbg'; did you mean 'srgb'?; valid modes: "),
+            ("render sRGB", "no mode 'sRGB'; did you mean 'srgb'? (valid modes: 0 "),
+            ("render srbg", "no mode 'srbg'; did you mean 'srgb'? (valid modes: 0 "),
         ]
         for arguments, line in cases:
             ended = run(arguments.split())

@@ -80,19 +80,29 @@ TEST(Plot, FallsBackToTheIndexWhereFontsLackALabel) {
   EXPECT_EQ(png.status, 0);
   EXPECT_EQ(png.err,
             "zelctl: no font here has all characters of '\xf4\x8f\xbf\xbd': shown as 'mode 0'\n");
+  const std::filesystem::path alone =
+      WriteFile("gnuplot", "#!/bin/sh\nPATH=/usr/bin:/bin exec gnuplot \"$@\"\n");
+  std::filesystem::permissions(alone, std::filesystem::perms::owner_all);
+  const ZelctlRun unknown =
+      RunZelctl("plot 0 -o " + out + panel, "PATH=" + alone.parent_path().string());
+  EXPECT_EQ(unknown.status, 0);
+  EXPECT_EQ(unknown.err,
+            "zelctl: can't run fc-list, of the package fontconfig, to see whether fonts have all "
+            "characters of '\xf4\x8f\xbf\xbd': shown as 'mode 0'\n");
   EXPECT_GE(Count(Drawn(".svg", "1" + panel), "xxxxxxxxxxxxx\xe2\x80\xa6"), 4);
 }
 
 // The sample panel is not the panel of somebody's own parser.
 TEST(Plot, NeedsThePanelOfAnotherParser) {
-  const std::string own = "--parser $(dirname " ZELTARN_LIBRARY
-                          ")/libtarn-json-mode-parser.so plot 0 -o " +
-                          WriteFile("plot.svg", "");
+  const std::string own = "--parser " BAD_LIBRARIES " plot 0 -o " + WriteFile("plot.svg", "");
+  const std::string ask =
+      ": say with --panel which description its panel has, for the gamut; "
+      "--what curves and --what pcc need none\n";
   const ZelctlRun refused = RunZelctl(own);
   EXPECT_EQ(refused.status, 2);
-  EXPECT_EQ(refused.err,
-            "zelctl: a parser of your own, but no --panel: the gamut can't be drawn; "
-            "--what curves and --what pcc can\n");
+  EXPECT_EQ(refused.err, "zelctl: the mode parser is " BAD_LIBRARIES + ask);
+  EXPECT_EQ(RunZelctl("plot 0 --arg x -o a.svg").err,
+            "zelctl: the mode parser is given --arg" + ask);
   EXPECT_EQ(RunZelctl(own + " --what curves").status, 0);
   EXPECT_EQ(RunZelctl(own + " --panel " PANELS "phone-oled.json").status, 0);
   const std::string sample =
@@ -105,7 +115,7 @@ TEST(Plot, NeedsThePanelOfAnotherParser) {
       std::filesystem::copy_options::overwrite_existing);
   const std::string found = "LD_LIBRARY_PATH=" + std::filesystem::path(copy).parent_path().string();
   const std::string plot = "plot 0 -o " + WriteFile("plot.svg", "");
-  EXPECT_EQ(RunZelctl(plot, found).err, refused.err);
+  EXPECT_EQ(RunZelctl(plot, found).err, "zelctl: the mode parser is " + copy + ask);
   EXPECT_EQ(RunZelctl(plot + " --what pcc", found).status, 0);
 }
 

@@ -117,6 +117,7 @@ TEST(OwnLibraries, DontEndZelctlInSilence) {
       {"modes", "exits", "the process was ended while calling Init of the mode parser" + more},
       {"assets 0", "exits in DeInit",
        "the process was ended while calling DeInit of the mode parser" + more},
+      {"modes", "_exits", "the process was ended while calling Init of the mode parser" + more},
       {"modes", "Init throws",
        "an exception left the library while calling Init of the mode parser: no panel\n"},
   };
@@ -127,6 +128,19 @@ TEST(OwnLibraries, DontEndZelctlInSilence) {
     EXPECT_EQ(run.status, 1) << test.fault;
     EXPECT_EQ(run.out, test.arguments == std::string("assets 0") ? "no blocks\n" : "");
   }
+}
+
+TEST(OwnLibraries, AreNamedWhereTheyDoNotAnswer) {
+  const ZelctlRun run = RunZelctl("modes --panel /dev/null --parser " BAD_LIBRARIES,
+                                  "FAULT=hangs timeout -s KILL 12");
+  EXPECT_EQ(run.err.substr(0, run.err.find('\n')),
+            "zelctl: no answer for 10 s while calling Init of the mode parser; waiting on");
+}
+
+TEST(OwnLibraries, GetTheTextThatTheUserGives) {
+  const ZelctlRun run = RunZelctl("modes --arg " PANELS "odd.json --panel /nowhere");
+  EXPECT_NE(run.out.find(" paper_exact "), std::string::npos) << run.err;
+  EXPECT_EQ(RunOwn("modes", "its child ends").err, "") << "that is none of its calls";
 }
 
 TEST(OwnLibraries, SayInTheLoadersWordsWhyTheyCantBeUsed) {

@@ -73,7 +73,7 @@ class Icc(Case):
                                    kind, "-o", str(self.folder / "x")],
                                   capture_output=True, text=True, check=False)
             self.assertEqual(done.returncode, 2)
-            self.assertIn("a parser of your own, but no --panel", done.stderr)
+            self.assertIn("say with --panel", done.stderr)
         for mode, options, said in (
                 ("srgb", (), "asks for other colours than the panel's own"),
                 ("native", ("--dimming", "0.5"), "takes no colour transform, LTM and dimming"),
