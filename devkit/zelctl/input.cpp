@@ -11,6 +11,7 @@
 #include <cstring>
 #include <filesystem>
 #include <fstream>
+#include <sstream>
 #include <system_error>
 
 #include "devkit/zelctl/errors.h"
@@ -30,6 +31,14 @@ Number Parse(const std::string& text, Number (*convert)(const char*, char**)) {
 }  // namespace
 
 double ParseNumber(const std::string& text) { return Parse(text, std::strtod); }
+
+double ParseNumber(const std::string& text, double low, double high) {
+  const double number = ParseNumber(text);
+  if (number >= low && number <= high) return number;
+  std::ostringstream range;
+  range << "'" << text << "' is not from " << low << " to " << high;
+  throw UsageError(range.str());
+}
 
 float ParseFloat(const std::string& text) { return Parse(text, std::strtof); }
 

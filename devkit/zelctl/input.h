@@ -12,6 +12,9 @@ namespace zelctl {
 // A finite number; nothing may follow it.
 double ParseNumber(const std::string& text);
 
+// One from `low` to `high`.
+double ParseNumber(const std::string& text, double low, double high);
+
 // The same, rounded to single precision once.
 float ParseFloat(const std::string& text);
 

@@ -8,6 +8,13 @@
 #include "devkit/zelctl/options/option_kinds.h"
 
 namespace zelctl {
+namespace {
+
+// What a panel description takes, in cd/m2.
+double ParsePeak(const std::string& text) { return ParseNumber(text, 1, 10000); }
+double ParseBlack(const std::string& text) { return ParseNumber(text, 0, 100); }
+
+}  // namespace
 
 void AddImportCommand(CLI::App& app, const GlobalOptions& globals) {
   auto arguments = std::make_shared<ImportArguments>();
@@ -19,9 +26,9 @@ void AddImportCommand(CLI::App& app, const GlobalOptions& globals) {
   command->add_option("-o,--output", arguments->output, "The panel description")
       ->required()
       ->type_name("PANEL.json");
-  AddParsedOption(*command, "--peak", &options->peak, "CD/M2", ParseNumber,
+  AddParsedOption(*command, "--peak", &options->peak, "CD/M2", ParsePeak,
                   "Luminance of white at full signal");
-  AddParsedOption(*command, "--black", &options->black, "CD/M2", ParseNumber,
+  AddParsedOption(*command, "--black", &options->black, "CD/M2", ParseBlack,
                   "Luminance of signal 0");
   command->add_option("--bit-depth", options->bit_depth, "Depth of the panel's signal")
       ->check(WholeNumber(6, 16))

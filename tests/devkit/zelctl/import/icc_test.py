@@ -200,6 +200,8 @@ class Icc(ImportCase):
         made = self.written("made.icc", profile(tags))
         self.refused(made, "so say with an option: peak (--peak), black (--black), the depth of "
                            "the panel's signal (--bit-depth)")
+        self.refused(made, "--peak: '-1' is not from 1 to 10000", "--peak", "-1")
+        self.refused(made, "--black: '101' is not from 0 to 100", "--black", "101")
         self.refused(made, "--targets: no target 'p3'; there are srgb, ", "--targets", "srgb,p3")
         self.refused(made, "--transfer: expected linear, srgb or an exponent", "--transfer", "0.5")
         done = self.zelctl("odd", "import", str(made), "-o", str(made), *EVERYTHING)
