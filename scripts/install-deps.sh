@@ -26,6 +26,7 @@ if [ "${1:-}" = verify ]; then
   packages+=(
     libclang-rt-14-dev                        # sanitizers, fuzzer, coverage
     lld qemu-user                             # 64-bit Arm
+  shellcheck
     blueprint-tools golang-android-soong-dev  # Android.bp: the platform's build tool,
     golang-go golang-github-google-blueprint-dev  # from its sources
     golang-github-golang-protobuf-1-3-dev

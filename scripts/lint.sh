@@ -1,9 +1,10 @@
 #!/usr/bin/env bash
-# The gates on form: clang-format and clang-tidy, both without a finding.
+# The gates on form: clang-format, clang-tidy and shellcheck, all without a finding.
 # Usage: scripts/lint.sh
 source "$(dirname "$0")/prelude.sh"
 # SPDX-License-Identifier: Apache-2.0
 
+scripts/install-deps.sh verify
 scripts/build.sh release
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 # What it says besides findings (how many it suppressed) is shown only when it fails.
@@ -13,4 +14,6 @@ git ls-files '*.cpp' | xargs -P "$(nproc)" -n 1 clang-tidy -p build/release --qu
   grep -v 'warnings generated' "$noise" >&2
   exit 1
 }
-echo "clang-format and clang-tidy: clean"
+shellcheck -x -P scripts scripts/*.sh .ci/run
+shellcheck -s bash devkit/zelctl/completion/zelctl
+echo "clang-format, clang-tidy and shellcheck: clean"

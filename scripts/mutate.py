@@ -5,9 +5,14 @@ it, and says which test catches it, or the fuzzer (preset "fuzz"). Fails where o
 goes unnoticed.
 
 Usage: scripts/mutate.py [--markdown] [TITLE ...]
+       scripts/mutate.py --some N
+  TITLE      only the faults of these titles
+  --some N   N faults of the release build, others after each commit; all others are
+             looked for in their files
 """
 
 import pathlib
+import random
 import re
 import shutil
 import subprocess
@@ -30,6 +35,17 @@ def read_table():
         title, file, old, new = cells[:4]
         for preset in (cells[4] if len(cells) > 4 else "release").split():
             yield title, file, old, new, preset
+
+
+def some(count):
+    """As many faults of the release build, which ones the last commit decides."""
+    rows = list(read_table())
+    for title, file, old, _, _ in rows:
+        if old not in (ROOT / file).read_text():
+            sys.exit(f"NOT FOUND: {title}: {file} no longer holds {old!r}")
+    commit = subprocess.run(["git", "rev-parse", "HEAD"], cwd=ROOT, capture_output=True, text=True,
+                            check=True).stdout
+    return random.Random(commit).sample([row for row in rows if row[4] == "release"], count)
 
 
 def copy_tree():
@@ -108,14 +124,16 @@ def main():
         print(__doc__.strip())
         return 0
     markdown = "--markdown" in sys.argv
-    wanted = [a for a in sys.argv[1:] if not a.startswith("--")]
+    if sys.argv[1:2] == ["--some"]:
+        rows = some(int(sys.argv[2]))
+    else:
+        wanted = [a for a in sys.argv[1:] if not a.startswith("--")]
+        rows = [row for row in read_table() if not wanted or row[0] in wanted]
     subprocess.run(["scripts/install-deps.sh", "verify"], cwd=ROOT, check=True)
     WORK.mkdir(parents=True, exist_ok=True)
     missed = 0
     sound = set()  # presets whose tests pass without a fault
-    for title, file, old, new, preset in read_table():
-        if wanted and title not in wanted:
-            continue
+    for title, file, old, new, preset in rows:
         copy_tree()
         if preset not in sound:
             if preset == "arm64":

@@ -1,4 +1,5 @@
 # SPDX-License-Identifier: Apache-2.0
+# shellcheck shell=bash
 
 # Sourced first by every script here: stops at the first error, makes the repository
 # the working folder, and answers -h with the comment at the script's head.

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Every proof but the faults on purpose: form, all tests on every preset, the platform's
-# log, the ABI, the Android build files, the fuzzers' short run, coverage. Ends with a
+# Every check: form, all tests on every preset, the platform's log, the ABI, the Android
+# build files, the fuzzers' short run, coverage, some of the deliberate faults. Ends with a
 # table of what ran, and fails where anything failed.
 # Usage: scripts/verify.sh
 # ZEL_FUZZ_SECONDS in the environment: how long to fuzz, default 60.
@@ -32,6 +32,7 @@ step "tests, tsan" scripts/test.sh tsan
 step "tests, arm64" scripts/test.sh arm64
 step "fuzzing" scripts/fuzz.sh "${ZEL_FUZZ_SECONDS:-60}"
 step "coverage" scripts/coverage.sh
+step "deliberate faults" scripts/mutate.py --some 5
 
 echo
 printf '%-20s %-8s %8s\n' what result seconds

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
 // Reading the arrays and byte strings of typed records. What is absent, or
-// behind the end of a shorter byte string, stays zero.
+// after the end of a shorter byte string, stays zero.
 #pragma once
 
 #include <algorithm>
