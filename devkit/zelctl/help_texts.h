@@ -51,12 +51,12 @@ inline constexpr const char* kRenderHelp =
     "The second table shows the PCC block after each call: per output channel its offset (in\n"
     "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.\n"
     "\n"
-    "A picture's values are the mode's signal, 8 bits per channel (a file that states a gamma\n"
-    "of its own is read as sRGB). Those of the output picture are what the panel is driven with\n"
-    "after the last call: shown on the panel itself, with no colour management, they look like\n"
-    "the mode; so its file states neither gamma nor colour space. Alpha is kept. At the default\n"
-    "table sizes the darkest codes become black, as they do on a device; --igc-bits 16 tells\n"
-    "them apart.";
+    "The input picture holds the mode's signal. A file that states another gamma than sRGB's is\n"
+    "converted to sRGB's first. The output picture holds what the panel is driven with after\n"
+    "the last call: on the panel itself, without colour management, it looks like the mode. So\n"
+    "its file states no gamma and no colour space. 8 bits stay 8 and 16 stay 16; alpha is kept.\n"
+    "At the default table sizes the darkest codes become black, as they do on a device; with\n"
+    "--igc-bits 16 they stay apart.";
 
 inline constexpr const char* kPlotHelp =
     "Examples:\n"
@@ -111,8 +111,8 @@ inline constexpr const char* kImportHelp =
     "  zelctl import panel.icc --peak 450 --black 0.2 --bit-depth 8 --targets srgb -o laptop.json\n"
     "\n"
     "Reads ICC display profiles (matrix and TRC curves) and CGATS measurements (CTI3 with RGB\n"
-    "and XYZ). What the file doesn't say must be said by an option; what both say is the\n"
-    "option's. Prints where each figure came from, what was assumed and how far the description\n"
+    "and XYZ). What the file doesn't say must be said by an option; where both say something,\n"
+    "the option counts. Prints where each figure came from, what was assumed and how far the description\n"
     "is from the measurements; the same lines stand in the description's \"source\".";
 
 inline constexpr const char* kValidateHelp =
