@@ -111,8 +111,7 @@ TEST_F(Conversions, AreThoseOfTheBlockTable) {
     EXPECT_GE(name.size(), sizeof(uint64_t)) << name << ": names are compared in words";
   });
   std::map<std::string, uint32_t> conversions;
-  for (const Conversion& conversion : AllConversions())
-    conversions.emplace(conversion.block, conversion.version);
+  for (const Conversion& one : AllConversions()) conversions.emplace(one.block, one.version);
   EXPECT_EQ(table, conversions);
 }
 
@@ -134,8 +133,9 @@ TEST_F(Conversions, CarryTheirFieldsAndNothingElse) {
       EXPECT_EQ(output.payloads[0].hw_block, conversion.block);
       EXPECT_EQ(output.payloads[0].len, 12345U);
       Bytes blank(conversion.version);
-      for (uint32_t i = 0; i < 4; ++i)
+      for (uint32_t i = 0; i < 4; ++i) {
         blank[i] = static_cast<uint8_t>(conversion.version >> (8 * i));
+      }
       EXPECT_EQ(Image(conversion, output.payloads[0].payload), Converted(conversion, from, blank))
           << "fresh";
 

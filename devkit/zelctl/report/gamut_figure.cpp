@@ -1,4 +1,5 @@
 // SPDX-License-Identifier: Apache-2.0
+#include <algorithm>
 #include <array>
 
 #include "devkit/zelctl/plot/spectral_locus.h"
@@ -24,8 +25,9 @@ std::vector<PlotPoint> Triangle(Diagram diagram, const Primaries& p) {
 }
 
 void DrawLocus(Diagram diagram, SvgPlot* plot) {
-  std::vector<PlotPoint> locus;
-  for (const auto& color : kSpectralLocus) locus.push_back(Place(diagram, color.xy));
+  std::vector<PlotPoint> locus(kSpectralLocus.size());
+  std::transform(kSpectralLocus.begin(), kSpectralLocus.end(), locus.begin(),
+                 [diagram](const auto& color) { return Place(diagram, color.xy); });
   locus.push_back(locus.front());
   plot->Line("locus", locus);
 }
