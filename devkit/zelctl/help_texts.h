@@ -112,8 +112,9 @@ inline constexpr const char* kImportHelp =
     "\n"
     "Reads ICC display profiles (matrix and TRC curves) and CGATS measurements (CTI3 with RGB\n"
     "and XYZ). What the file doesn't say must be said by an option; where both say something,\n"
-    "the option counts. Prints where each figure came from, what was assumed and how far the description\n"
-    "is from the measurements; the same lines stand in the description's \"source\".";
+    "the option counts. Prints where each figure came from, what was assumed and how far the\n"
+    "description is from the measurements; the same lines stand in the description's\n"
+    "\"source\".";
 
 inline constexpr const char* kValidateHelp =
     "Examples:\n"
