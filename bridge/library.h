@@ -24,7 +24,7 @@
 //   "PostBlendHdrBlob"   HdrBlobPostBlendConfig       32
 //   "PostBlendGameBlob"  GameBlobPostBlendConfig      32
 //
-// A block of any other name, those that plugin/names.h has besides included, ends the
+// A block of any other name, the other names of plugin/names.h included, ends the
 // list: it and the blocks after it don't reach the host.
 //
 // Part of the contract, however odd, and to be left as it is: pcc_coeff_data, its

@@ -57,7 +57,7 @@ target_compile_options(zel_options INTERFACE
   # but for the bits of a NaN.
   -ffp-contract=off
   -fstack-protector-strong
-  # What a call costs must not hang on where the linker happens to put it.
+  # So that the cost of a call does not depend on where the linker puts it.
   -falign-functions=32)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
   target_compile_options(zel_options INTERFACE -mbranch-protection=standard)

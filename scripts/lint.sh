@@ -7,7 +7,7 @@ source "$(dirname "$0")/prelude.sh"
 scripts/install-deps.sh verify
 scripts/build.sh release
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
-# What it says besides findings (how many it suppressed) is shown only when it fails.
+# Its other output (how many findings it suppressed) is shown only when it fails.
 noise=$(mktemp)
 trap 'rm -f "$noise"' EXIT
 git ls-files '*.cpp' | xargs -P "$(nproc)" -n 1 clang-tidy -p build/release --quiet 2>"$noise" || {

@@ -95,8 +95,7 @@ def caught_by_tests(preset):
     """The first failing test, or how the program ended; None where all pass."""
     built = build(preset)
     if built.returncode != 0:
-        print(f"does not compile: {built.stdout[-800:]}", flush=True)
-        return None
+        raise DoesNotCompile(built.stdout[-800:])
     emulator = ["qemu-aarch64", "-L", "build/arm64-sysroot"] if preset == "arm64" else []
     for folder in FOLDERS:
         program = f"build/{preset}/tests/{folder}_test"
@@ -117,6 +116,10 @@ def caught_by_tests(preset):
 
 def catch(preset):
     return caught_by_fuzzer() if preset == "fuzz" else caught_by_tests(preset)
+
+
+class DoesNotCompile(Exception):
+    """Then it is no fault that a test could catch."""
 
 
 def main():
@@ -148,7 +151,11 @@ def main():
             missed += 1
             continue
         place.write_text(source.replace(old, new, 1))
-        by = catch(preset)
+        try:
+            by = catch(preset)
+        except DoesNotCompile as error:
+            print(f"does not compile: {error}", flush=True)
+            by = None
         missed += by is None
         row = f"| `{file}` | {title} | {by or 'MISSED'} | {preset} |"
         print(row if markdown else f"{title}: {by or 'MISSED'}", flush=True)

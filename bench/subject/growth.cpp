@@ -31,7 +31,7 @@ void SetUpBlocks(size_t blocks) {
   g_session->Run(velaricolor::kVcModeSwAssets, &g_output);
 }
 
-// Entries of the host's own, which the parser's blocks are searched behind.
+// Entries of the host's own, which stand before those of the parser's blocks.
 void SetUpHostEntries(size_t entries) {
   SetUpAnswer(1);
   g_output.payloads.assign(entries, {.hw_block = "HostBlock", .payload = nullptr});

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: Apache-2.0
 """The release plug-in on the platform's own log library, built for this machine (Debian's
-android-liblog), and on the stand-in: the same lines, each behind its library's prefix.
+android-liblog), and on the stand-in: the same lines, each after its library's prefix.
 
 Usage: tests/platform/log_test.py
 """

@@ -7,7 +7,7 @@
 #include <atomic>
 #include <utility>
 
-// The how-manyth allocation from now on is to fail, on whatever thread; 0: none.
+// Counts down to the allocation that fails, on any thread: 1 is the next one; 0: none fails.
 inline std::atomic<int> failing_allocation = 0;
 
 inline thread_local bool allocations_never_fail = false;

@@ -12,7 +12,7 @@ struct LogLine {
   std::string tag;
   std::string function;  // of the prefix
   int line;
-  std::string text;  // behind the common prefix
+  std::string text;  // after the common prefix
 };
 
 // The thread sanitizer must see threads start itself; there they always do.

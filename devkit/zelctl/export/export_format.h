@@ -28,7 +28,7 @@ struct ExportedMode {
   std::string Id() const;
 };
 
-// What some formats ask for besides.
+// What some formats ask for in addition.
 struct FormatOptions {
   std::optional<uint32_t> size;            // cube: nodes per channel
   std::optional<std::string> icc_version;  // icc: "2" or "4"
@@ -42,7 +42,7 @@ struct ExportedFile {
 
 struct ExportFormat {
   const char* name;
-  bool reads_description;  // of the panel, besides the blocks
+  bool reads_description;  // of the panel, in addition to the blocks
   ExportedFile (*write)(const ExportedMode& mode, const FormatOptions& options);
 };
 

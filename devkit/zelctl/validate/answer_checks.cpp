@@ -29,7 +29,7 @@ void CheckName(const Entry& entry, Tally* tally) {
   std::string lost;
   for (size_t i = entry.index + 1; i < blocks.size(); ++i) lost += " " + blocks[i].hw_block;
   tally->See(RecordBytes(entry.Block().hw_block) != 0, entry.Place(),
-             "not a block; behind it are lost:" + (lost.empty() ? " none" : lost));
+             "not a block; lost after it:" + (lost.empty() ? " none" : lost));
 }
 
 void CheckNameOnce(const Entry& entry, Tally* tally) {

@@ -105,8 +105,8 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
     const ZelctlRun run = RunWithFake(test.arguments, test.before);
     EXPECT_EQ(run.status, test.status) << run.err;
     EXPECT_EQ(run.out, "");
-    const size_t behind_the_plugin = std::min(run.err.find("zelctl: "), run.err.size());
-    EXPECT_EQ(run.err.substr(behind_the_plugin), "zelctl: " + test.line + '\n') << run.err;
+    const size_t own_line = std::min(run.err.find("zelctl: "), run.err.size());
+    EXPECT_EQ(run.err.substr(own_line), "zelctl: " + test.line + '\n') << run.err;
   }
   EXPECT_EQ(ReadFile(png), "kept");
   for (const auto& entry :

@@ -111,7 +111,7 @@ TEST(Validate, SaysWhatWasSeen) {
     const char* line;
   } cases[] = {
       {"unknown name",
-       "render intent of one (1:1:0), Odd?: not a block; behind it are lost: PostBlendPCC "
+       "render intent of one (1:1:0), Odd?: not a block; lost after it: PostBlendPCC "
        "PostBlendDE; 7 more\n"},
       {"forgets sizes",
        "render intent of one (1:1:0) at 1024 IGC and 1024 GC entries, PostBlendIGC c0: entries 257 "
