@@ -16,11 +16,13 @@ for script in scripts/*.sh; do
   [ "$(grep -m 1 -v '^#' "$script")" = 'source "$(dirname "$0")/prelude.sh"' ] ||
     fail "$script: doesn't begin with the prelude"
   for help in -h --help; do
-    (cd / && "$OLDPWD/$script" $help) | grep -q "^Usage: $script" ||
+    (cd / && "$OLDPWD/$script" $help) | grep "^Usage: $script" >/dev/null ||
       fail "$script $help: doesn't print its usage"
   done
 done
-scripts/mutate.py -h | grep -q '^Usage: scripts/mutate.py' || fail "scripts/mutate.py -h: no usage"
+for script in scripts/mutate.py scripts/mutate-simply.py; do
+  "$script" -h | grep "^Usage: $script" >/dev/null || fail "$script -h: no usage"
+done
 
 # A machine on which all but one package are there, and nothing can be installed in earnest.
 machine=$(mktemp -d)
