@@ -2,6 +2,7 @@
 
 // Initialising again, de-initialising, destroying.
 #include <stdexcept>
+#include <utility>
 
 #include "tests/support/pcc.h"
 
@@ -80,6 +81,21 @@ TEST_F(Restart, DeInitEndsBothLibrariesWhateverTheyThrow) {
       EXPECT_TRUE(Merges());
     }
   }
+}
+
+TEST_F(Restart, DeInitReachesTheLibraryThatThereIs) {
+  const auto modes = std::exchange(Parser().modes, {});
+  ASSERT_EQ(Init(), 0);
+  Platform().TakeEvents();
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"algo DeInit"});
+
+  Parser().modes = modes;
+  Platform().algo_opens = false;
+  ASSERT_EQ(Init(), 0);
+  Platform().TakeEvents();
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"parser DeInit"});
 }
 
 TEST_F(Restart, DeInitKeepsObjectsAndSettings) {
