@@ -34,9 +34,9 @@ namespace tarn {
 class LibraryIntf {
  public:
   // On the host thread that destroys the plug-in object, without its lock, or that
-  // calls Init: a second one, or one whose start-up failed. An algorithm object
-  // whose Init failed is destroyed on the start-up thread at once. DeInit need not
-  // have been called before.
+  // calls Init: a second one, or one whose start-up failed; a parser's also where it
+  // has no modes. An algorithm object whose Init failed is destroyed on the start-up
+  // thread at once. DeInit need not have been called before.
   virtual ~LibraryIntf() = default;
 
   // [start-up] Once per object, first. `arg` is the host's text. A parser's code

@@ -14,9 +14,9 @@
 //                      after DeInit.
 //   [exclusive]        no other call on the object may be running.
 //
-// Results are 0 or a code of result_codes.h. If the libraries keep their promises,
-// the only exception that leaves a call is the standard allocation failure. Whatever
-// leaves one, the lock is free and the object can be used.
+// Results are 0, a code of result_codes.h or, where said, the mode parser's own. If the
+// libraries keep their promises, the only exception that leaves a call is the standard
+// allocation failure. Whatever leaves one, the lock is free and the object can be used.
 #pragma once
 
 #include <string>

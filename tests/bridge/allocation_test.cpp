@@ -193,7 +193,7 @@ TEST_F(OutOfMemory, InInitLeavesNothingHalfStarted) {
             (Lines{"delete parser", "delete algo", "close algo", "close parser"}));
 }
 
-// Lists grow from 3 entries, blobs from nothing; a name without a record gets one.
+// Lists grow from 3 entries, blobs from nothing; names without a record get one.
 TEST_F(OutOfMemory, InAnAnswerLeavesEachEntryOldOrNew) {
   const auto table = [](bool enable) {
     tarn::HwConfigPayload block = Table("PostBlendGC");
@@ -211,6 +211,8 @@ TEST_F(OutOfMemory, InAnAnswerLeavesEachEntryOldOrNew) {
     text << entry.len << " ";
     if (const auto* const record = entry.payload.get(); record == nullptr) {
       text << "none";
+    } else if (entry.hw_block == "PostBlendHdrBlob") {
+      text << static_cast<const velaricolor::HdrBlobPostBlendConfig*>(record)->blob;
     } else if (entry.hw_block == "PostBlendGameBlob") {
       const auto& game = *static_cast<const velaricolor::GameBlobPostBlendConfig*>(record);
       text << game.enable << game.blob;
@@ -235,11 +237,16 @@ TEST_F(OutOfMemory, InAnAnswerLeavesEachEntryOldOrNew) {
     Parser().blocks = {table(false), blob(false, "")};
     Parser().blocks[0].len = Parser().blocks[1].len = 7;
     ASSERT_EQ(assets(), 0);
-    output_.payloads.push_back({.hw_block = "PostBlendIGC", .len = 9});
+    for (const char* name : {"PostBlendIGC", "PostBlendHdrBlob"}) {
+      output_.payloads.push_back({.hw_block = name, .len = 9});
+    }
     ASSERT_EQ(Set(velaricolor::kVcPostBlendGammaHwConfig,
                   velaricolor::PostBlendHwConfig{.num_of_entries = 1024}),
               0);
-    Parser().blocks = {Table("PostBlendIGC"), blob(true, kLong), table(true)};
+    const auto hdr = std::make_shared<tarn::HdrBlobPostBlendConfig>();
+    hdr->blob = kLong;
+    Parser().blocks = {Table("PostBlendIGC"), Block("PostBlendHdrBlob", hdr), blob(true, kLong),
+                       table(true)};
     if (before.empty()) {
       for (const auto& entry : output_.payloads) before.push_back(shown(entry));
       ASSERT_EQ(assets(), 0);

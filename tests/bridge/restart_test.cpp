@@ -2,7 +2,9 @@
 
 // Initialising again, de-initialising, destroying.
 #include <stdexcept>
+#include <utility>
 
+#include "tests/support/bytes.h"
 #include "tests/support/pcc.h"
 
 namespace {
@@ -82,6 +84,21 @@ TEST_F(Restart, DeInitEndsBothLibrariesWhateverTheyThrow) {
   }
 }
 
+TEST_F(Restart, DeInitReachesTheLibraryThatThereIs) {
+  const auto modes = std::exchange(Parser().modes, {});
+  ASSERT_EQ(Init(), 0);
+  Platform().TakeEvents();
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"algo DeInit"});
+
+  Parser().modes = modes;
+  Platform().algo_opens = false;
+  ASSERT_EQ(Init(), 0);
+  Platform().TakeEvents();
+  EXPECT_EQ(Plugin().DeInit(), 0);
+  EXPECT_EQ(Platform().TakeEvents(), Lines{"parser DeInit"});
+}
+
 TEST_F(Restart, DeInitKeepsObjectsAndSettings) {
   EXPECT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
   EXPECT_EQ(Plugin().DeInit(), 0);
@@ -95,6 +112,31 @@ TEST_F(Restart, DeInitKeepsObjectsAndSettings) {
   Unload();
   EXPECT_EQ(Platform().TakeEvents(),
             (Lines{"delete parser", "delete algo", "close algo", "close parser"}));
+}
+
+TEST_F(Restart, ColorStateOutlivesIt) {
+  const auto again = [this] { return Plugin().DeInit() + Init(); };
+  Algo().merged[0].r[1] = Algo().merged[1].r[1] = 8;
+  ASSERT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix{.matrix = {2}}),
+            0);
+  SetLtm({{}, {0, 3}, {}, {}});
+  ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+  velaricolor::HwConfigOutputParams outputs[2];
+  for (auto& output : outputs) {
+    ASSERT_EQ(Render(&output), 0);
+    ASSERT_EQ(again(), 0);
+  }
+  EXPECT_EQ(BytesOf(*PccOf(outputs[1])), BytesOf(*PccOf(outputs[0])));
+  ASSERT_EQ(Algo().merges.size(), 2U);
+  EXPECT_EQ(BytesOf(Algo().merges[1]), BytesOf(Algo().merges[0]));
+
+  // That LTM was on is remembered too.
+  ASSERT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix()), 0);
+  SetLtm({}, false);
+  ASSERT_EQ(again(), 0);
+  velaricolor::HwConfigOutputParams off;
+  ASSERT_EQ(Render(&off), 0);
+  EXPECT_EQ(NamesOf(off), "PostBlendPCC ");
 }
 
 }  // namespace

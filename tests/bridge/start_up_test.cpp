@@ -107,6 +107,19 @@ TEST_F(StartUp, LoadsBothLibrariesInOrderAndReportsEachFailure) {
   }
 }
 
+TEST_F(StartUp, PassesOnWhatTheParserThrows) {
+  for (const std::string event : {"parser Init panel", "parser GetProperty 1"}) {
+    Load();
+    Parser().during_call = [event] {
+      if (Platform().events.back() == event) throw std::runtime_error("no panel");
+    };
+    EXPECT_THROW(Init(), std::runtime_error);
+    EXPECT_EQ(Platform().TakeEvents().back(), "delete parser");
+    Parser().during_call = nullptr;
+    EXPECT_EQ(Init(), 0);
+  }
+}
+
 TEST_F(StartUp, AsksForTheListOnAnOrdinaryThreadOfItsOwnName) {
   Load();
   uint32_t record_version = 0;

@@ -85,6 +85,7 @@ TEST_F(Getters, ConvertTheParsersDither) {
   Parser().during_call = [&] {
     asked_version = static_cast<const tarn::HwConfigOutputParams*>(Parser().out.payload)->version;
   };
+  const auto sharers = dither.payload.use_count();
   for (const auto& c : cases) {
     SCOPED_TRACE(testing::PrintToString(c.log) + std::to_string(c.blocks.size()));
     Parser().dither = c.blocks;
@@ -96,6 +97,8 @@ TEST_F(Getters, ConvertTheParsersDither) {
     EXPECT_EQ(WordsOf(Parser().out), (Words{24, 32, 12, 0}));
     EXPECT_EQ(asked_version, 32U);
     EXPECT_EQ(NamesOf(output), c.names);
+    Parser().dither.clear();
+    EXPECT_EQ(dither.payload.use_count(), sharers) << "not dropped";
   }
 }
 

@@ -18,6 +18,7 @@
 #include "interface/vc_ids.h"
 #include "modes/mode_op_params.h"
 #include "pcc/pcc_merge.h"
+#include "plugin/names.h"
 #include "tests/support/bytes.h"
 #include "tests/support/plugin_host.h"
 
@@ -94,6 +95,46 @@ TEST(Contract, IdsAreThoseOfTheOtherSide) {
   for (const auto& [id, expected] : ids) EXPECT_EQ(id, expected);
   EXPECT_EQ(sizeof(velaricolor::VcProperty) + sizeof(velaricolor::VcOps), 8U);
   EXPECT_EQ(sizeof(tarn::ZelProperty) + sizeof(tarn::ZelOps), 8U);
+}
+
+TEST(Contract, NamesAreThoseOfTheOtherSide) {
+  const std::pair<std::string, const char*> names[] = {
+      {velaricolor::kPostBlendGamut, "PostBlendGamut"},
+      {velaricolor::kPostBlendIGC, "PostBlendIGC"},
+      {velaricolor::kPostBlendGC, "PostBlendGC"},
+      {velaricolor::kPostBlendCWBDither, "PostBlendCWBDither"},
+      {velaricolor::kPostBlendHdrBlob, "PostBlendHdrBlob"},
+      {velaricolor::kHwCapIgcDither, "HwCapIgcDither"},
+      {velaricolor::kPostBlendPCC, "PostBlendPCC"},
+      {velaricolor::kPostBlendPa, "PostBlendPa"},
+      {velaricolor::kPostBlendDither, "PostBlendDither"},
+      {velaricolor::kPostBlendPaDither, "PostBlendPaDither"},
+      {velaricolor::kPostBlendDE, "PostBlendDE"},
+      {velaricolor::kPostBlendGameBlob, "PostBlendGameBlob"},
+      {velaricolor::kPostBlendMixerGc, "PostBlendMixerGc"},
+      {velaricolor::kDynamicRange, "DynamicRange"},
+      {velaricolor::kColorGamut, "ColorGamut"},
+      {velaricolor::kPictureQuality, "PictureQuality"},
+      {velaricolor::kGammaTransfer, "GammaTransfer"},
+      {velaricolor::kRenderIntent, "RenderIntent"},
+      {velaricolor::kHdr, "hdr"},
+      {velaricolor::kSdr, "sdr"},
+      {velaricolor::kNative, "native"},
+      {velaricolor::kDcip3, "dcip3"},
+      {velaricolor::kSrgb, "srgb"},
+      {velaricolor::kDisplayP3, "display_p3"},
+      {velaricolor::kBt2020, "bt2020"},
+      {velaricolor::kHlg, "hlg"},
+      {velaricolor::kSt2084, "st2084"},
+      {velaricolor::kGamma2_2, "gamma2_2"},
+      {velaricolor::kVivid, "vivid"},
+      {velaricolor::kSharp, "sharp"},
+      {velaricolor::kStandard, "standard"},
+      {velaricolor::kAmazon, "amazon"},
+      {velaricolor::kNetflix, "netflix"},
+      {velaricolor::kEnhanced, "enhanced"},
+  };
+  for (const auto& [name, expected] : names) EXPECT_EQ(name, expected);
 }
 
 // The places of an attribute's parts, which no type names.

@@ -8,6 +8,8 @@
 #include <utility>
 
 #include "convert/dither_config.h"
+#include "handlers/color_transform_matrix.h"
+#include "pcc/pcc_config.h"
 #include "tests/support/bytes.h"
 #include "tests/support/plugin_host.h"
 
@@ -127,26 +129,41 @@ TEST_P(ModeOp, HandsTheParserTheRequestWithoutLabelOrPadding) {
   EXPECT_EQ(seen.aux_word, 0x12345678U);
 }
 
-// Bytes of the request, as a record that the answer only borrows.
+// Bytes of the request, as a record that the answer only borrows. Both live until the
+// colour steps are over.
 TEST_P(ModeOp, RequestOutlivesTheAnswer) {
   Start();
+  ASSERT_EQ(Set(5, velaricolor::ColorTransformMatrix{.matrix = {2}}), 0);
+  ASSERT_EQ(Set(13, velaricolor::PccPostBlendConfig{.enable = true, .coeffs = {}}), 0);
   tarn::PaDitherPostBlendConfig borrowed = {.enable = true, .words = {}};
   borrowed.words.fill(0x12345678);
+  constexpr size_t kAligned = 4;  // in aux_data
   auto request = ModeRenderInputParams();
   request.hw_assets = {std::string(reinterpret_cast<const char*>(&borrowed), sizeof borrowed)};
-  Parser().during_call = [] {
-    const auto& asked = *static_cast<const tarn::ModeRenderInputParams*>(Parser().in.payload);
-    auto& answer = *static_cast<tarn::HwConfigOutputParams*>(Parser().out.payload);
-    answer.payloads = {PaDither()};
-    auto* const record = const_cast<char*>(asked.hw_assets[0].data());
-    answer.payloads[0].payload = std::shared_ptr<void>(std::shared_ptr<void>(), record);
-  };
-  HwConfigOutputParams output;
-  ASSERT_EQ(PluginTest::Run(GetParam(), request, &output), 0);
-  const auto* const record =
-      RecordNamed<velaricolor::PaDitherPostBlendConfig>(output, "PostBlendPaDither");
-  EXPECT_TRUE(record->enable);
-  EXPECT_EQ(record->words, borrowed.words);  // freed memory is used at its beginning
+  std::memcpy(request.aux_data.data() + kAligned, &borrowed, sizeof borrowed);
+  for (const bool own_memory : {true, false}) {
+    const auto drop = [&](const void* record) {
+      EXPECT_EQ(BytesAt(record, sizeof borrowed), BytesOf(borrowed));
+      Platform().events.emplace_back("drop answer");
+    };
+    Parser().during_call = [&] {
+      const auto& asked = *static_cast<const tarn::ModeRenderInputParams*>(Parser().in.payload);
+      const void* const record = own_memory ? static_cast<const void*>(asked.hw_assets[0].data())
+                                            : asked.aux_data.data() + kAligned;
+      auto& answer = *static_cast<tarn::HwConfigOutputParams*>(Parser().out.payload);
+      answer.payloads = {PaDither()};
+      answer.payloads[0].payload = std::shared_ptr<void>(const_cast<void*>(record), drop);
+    };
+    HwConfigOutputParams output;
+    ASSERT_EQ(PluginTest::Run(GetParam(), request, &output), 0);
+    EXPECT_EQ(Platform().TakeEvents(),
+              Renders() ? (Lines{"parser ProcessOps 0", "algo ProcessOps 2", "drop answer"})
+                        : (Lines{"parser ProcessOps 1", "drop answer"}));
+    const auto* const record =
+        RecordNamed<velaricolor::PaDitherPostBlendConfig>(output, "PostBlendPaDither");
+    EXPECT_TRUE(record->enable);
+    EXPECT_EQ(record->words, borrowed.words);  // freed memory is used at its beginning
+  }
 }
 
 TEST_P(ModeOp, DropsTheAnswerAtTheEndOfTheCall) {
@@ -202,7 +219,7 @@ TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
   output.payloads.push_back({.hw_block = "PostBlendDither"});
   Parser().blocks.assign(100000, Dither(3));  // far more than there are names
   Parser().blocks.insert(Parser().blocks.begin(), PaDither());
-  Parser().blocks.push_back(Dither(4));
+  Parser().blocks.push_back(OfVersion(55, Dither(4)));
   EXPECT_EQ(Run(&output), 0);
   EXPECT_EQ(NamesOf(output), "PostBlendDither PostBlendDither PostBlendPaDither ");
   EXPECT_LE(output.payloads.capacity(), 2U + 10U) << "room for each name once";

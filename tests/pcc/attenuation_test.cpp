@@ -16,7 +16,8 @@ TEST_F(Attenuation, ScalesEveryTermAndEnables) {
   pcc_coeff_data coeffs = {.reserved = {1, 2, 3, 4, 5, 6, 7, 8}, .r = {20, 1}, .g = {}, .b = {}};
   for (zeltarn::PccRow* row : {&coeffs.g, &coeffs.b}) row->fill(0.1);
   coeffs.r[10] = 0.3;
-  for (const double factor : {1.0, 0.5, 0.0, -2.0, 0.7, std::numeric_limits<double>::quiet_NaN()}) {
+  for (const double factor :
+       {1.0, 0.5, 0.0, -2.0, 0.7, 3.0, std::numeric_limits<double>::quiet_NaN()}) {
     SCOPED_TRACE(factor);
     pcc_coeff_data scaled = coeffs;
     for (zeltarn::PccRow* row : {&scaled.r, &scaled.g, &scaled.b}) {

@@ -288,6 +288,16 @@ TEST_F(Composition, RunsOnWhateverAFailedModeBrought) {
     EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(expected));
     EXPECT_TRUE(PccOf(output)->enable);
     EXPECT_FALSE(NeedsUpdate());
+
+    // That LTM was on is known, and then that it is off.
+    ASSERT_EQ(Set(velaricolor::kVcColorTransform, velaricolor::ColorTransformMatrix()), 0);
+    SetLtm(ltm, false);
+    Parser().blocks.clear();
+    for (const std::string names : {"PostBlendPCC ", ""}) {
+      HwConfigOutputParams off;
+      ASSERT_EQ(Render(&off), 0);
+      EXPECT_EQ(NamesOf(off), names);
+    }
   }
 }
 

@@ -47,7 +47,7 @@ TEST_F(Log, LevelIsReadOnceWhileTheLibraryLoads) {
   }
 }
 
-// Every line of information, and one error.
+// Every line of information, and two errors.
 void Log::BringOutEverything() {
   Load();
   Library().Create(2, 1);
@@ -62,7 +62,11 @@ void Log::BringOutEverything() {
   request.mode = {.gamut = 4, .gamma = 5, .intent = 6, .hw_assets = {}, .label = {}};
   EXPECT_EQ(Run(velaricolor::kVcModeRenderIntent, request, &output), 0);
   Parser().blocks = {Block("PostBlendPCC", std::make_shared<tarn::PccPostBlendConfig>())};
-  EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, request, &output), 0);
+  for (const int result : {0, -5}) {
+    Parser().process_result = result;
+    EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, request, &output), result);
+  }
+  Parser().process_result = 0;
   EXPECT_EQ(Set(700, 0), -95);
   EXPECT_EQ(Get(701, &output), -95);
   EXPECT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
@@ -97,6 +101,8 @@ TEST_F(Log, HoldsExactlyTheLinesOfItsLevel) {
       {2, "I ProcessOps: Process Ops called, op = 1"},
       {2,
        "I ProcessModeSwAssets: Successfully with mode (gamut 4, gamma 5, intent 6)" + blocks + "1"},
+      {2, "I ProcessOps: Process Ops called, op = 1"},
+      {0, "E ProcessModeSwAssets: Failed to process kVcModeSwAssets, ret -5"},
       {2, "I SetProperty: Unsupported prop 700, function (nil)K"},
       {2, "I GetProperty: Unsupported prop 701, function (nil)K"},
       {2, "I SetDimmingPcc: pcc attenuation factor is 0.500000"},
