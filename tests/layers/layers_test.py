@@ -50,11 +50,11 @@ class Layers(unittest.TestCase):
         public = {header for header, layer in self.layer.items() if layer <= 3}
         self.assertEqual(set(listed), public - {"convert/block_table.h"})
 
-    def test_no_header_includes_itself_by_a_detour(self):
-        def walk(header, road):
-            self.assertNotIn(header, road)
+    def test_no_header_includes_itself_through_others(self):
+        def walk(header, path):
+            self.assertNotIn(header, path)
             for other in included(header):
-                walk(other, road + [header])
+                walk(other, path + [header])
         for header in self.layer:
             walk(header, [])
 
@@ -68,6 +68,11 @@ class Layers(unittest.TestCase):
                 self.assertTrue(self.layer.get(other, 0) <= 3 or other in LENT,
                                 f"{file} includes {other}")
 
+
+    def test_converters_and_the_table_of_blocks_name_the_same(self):
+        names = [set(re.findall(r"kPostBlend\w+", (ROOT / source).read_text()))
+                 for source in ("convert/converter_table.cpp", "convert/block_table.h")]
+        self.assertEqual(*names)
 
 if __name__ == "__main__":
     unittest.main(verbosity=2)
