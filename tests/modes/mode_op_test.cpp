@@ -210,6 +210,28 @@ TEST_P(ModeOp, ConvertsWhatTheParserAnsweredWhateverItsResult) {
   }
 }
 
+// A parser may hand out one record for good: neither the colour steps nor another host's
+// list reach it.
+TEST_P(ModeOp, KeepsARecordThatIsHandedOutAgain) {
+  Start();
+  const auto pcc = std::make_shared<tarn::PccPostBlendConfig>();
+  pcc->enable = true;
+  pcc->coeffs.r[1] = pcc->coeffs.g[2] = pcc->coeffs.b[3] = 1;
+  const tarn::PccPostBlendConfig before = *pcc;
+  Parser().blocks = {Block("PostBlendPCC", pcc), Block("PostBlendPCC", pcc)};
+  ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, 0.5), 0);
+  HwConfigOutputParams first;
+  HwConfigOutputParams second;
+  for (HwConfigOutputParams* output : {&first, &second, &first, &second}) {
+    EXPECT_EQ(Run(output), 0);
+    const auto* own = RecordNamed<velaricolor::PccPostBlendConfig>(*output, "PostBlendPCC");
+    EXPECT_EQ(own->coeffs.g[2], Renders() ? 0.5 : 1) << "dimmed once";
+  }
+  EXPECT_EQ(std::memcmp(pcc.get(), &before, sizeof before), 0);
+  EXPECT_EQ(pcc.use_count(), 3) << "the test's, and the parser's two blocks";
+  EXPECT_NE(first.payloads[0].payload, second.payloads[0].payload);
+}
+
 TEST_P(ModeOp, UpdatesARepeatedOutputByName) {
   Start();
   Parser().blocks = {Dither(1)};

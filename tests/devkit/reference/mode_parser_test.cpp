@@ -258,6 +258,25 @@ TEST_F(ModeParser, GamutTableHasItsLayoutAndNeutralsStayNeutral) {
   EXPECT_EQ(lut.nodes[(12 * 17 + 10) * 17 + 8], (std::array<uint64_t, 3>{2303, 1600, 1024}));
 }
 
+// Computed once for a mode and its dimensions; another panel's are another's.
+TEST_F(ModeParser, AnswersShareTheirRecordsUntilDimensionsOrPanelChange) {
+  const auto record_of = [this](const std::string& label) {
+    EXPECT_EQ(Ask(tarn::kZelModeRenderIntent, label), 0);
+    return answer_.payloads.at(0).payload;  // kept, so that no other has its address
+  };
+  const auto first = record_of("srgb");
+  EXPECT_NE(record_of("display_p3"), first);
+  EXPECT_EQ(record_of("srgb"), first);
+  ASSERT_EQ(SetDimensions(kGc, {1024, 12}), 0);
+  const auto other = record_of("srgb");
+  EXPECT_NE(other, first);
+  EXPECT_NE(SetDimensions(kGc, {0, 12}), 0);
+  EXPECT_EQ(record_of("srgb"), other) << "refused dimensions change nothing";
+  TakeLog();
+  Start("lcd-srgb");
+  EXPECT_NE(record_of("srgb"), other);
+}
+
 TEST_F(ModeParser, TablesHaveTheLastGoodDimensions) {
   struct Case {
     tarn::ZelProperty prop;
