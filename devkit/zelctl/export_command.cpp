@@ -7,7 +7,7 @@
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/own_panel.h"
-#include "devkit/zelctl/rounds.h"
+#include "devkit/zelctl/render_steps.h"
 
 namespace zelctl {
 
@@ -20,8 +20,8 @@ void RunExport(const GlobalOptions& globals, const ExportArguments& arguments) {
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
   const size_t mode = SelectMode(list, arguments.mode);
   ApplySizesAndNotifications(arguments.options, &session);
-  const std::vector<Round> settings = ColorSettings(arguments.options, mode);
-  for (const Round& setting : settings) setting.prepare(&session);
+  const std::vector<RenderStep> settings = ColorSettings(arguments.options, mode);
+  for (const RenderStep& setting : settings) setting.prepare(&session);
 
   velaricolor::HwConfigOutputParams output;
   session.Process(velaricolor::kVcModeRenderIntent, list.modes[mode], &output);

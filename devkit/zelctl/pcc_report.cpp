@@ -35,30 +35,30 @@ void AddRow(std::vector<std::string> cells, const zeltarn::PccRow& row, TextTabl
 
 }  // namespace
 
-Json PccRoundsJson(const std::vector<PccRound>& rounds) {
+Json PccStepsJson(const std::vector<PccStep>& steps) {
   Json list = Json::array();
-  for (const PccRound& round : rounds) {
-    Json entry = {{"label", round.label}, {"pcc", nullptr}};
-    if (round.pcc) {
-      entry["pcc"] = {{"enable", round.pcc->enable}, {"rows", PccRowsJson(round.pcc->coeffs)}};
+  for (const PccStep& step : steps) {
+    Json entry = {{"label", step.label}, {"pcc", nullptr}};
+    if (step.pcc) {
+      entry["pcc"] = {{"enable", step.pcc->enable}, {"rows", PccRowsJson(step.pcc->coeffs)}};
     }
     list.push_back(entry);
   }
   return list;
 }
 
-void PrintPccRounds(const std::vector<PccRound>& rounds, std::ostream& out) {
+void PrintPccSteps(const std::vector<PccStep>& steps, std::ostream& out) {
   TextTable table = PccTable();
-  for (const PccRound& round : rounds) {
-    if (!round.pcc) {
-      std::vector<std::string> cells = {round.label, "none"};
+  for (const PccStep& step : steps) {
+    if (!step.pcc) {
+      std::vector<std::string> cells = {step.label, "none"};
       cells.resize(3 + zeltarn::kPccTerms);
       table.Add(cells);
       continue;
     }
-    AddRow({round.label, round.pcc->enable ? "yes" : "no", "r"}, round.pcc->coeffs.r, &table);
-    AddRow({"", "", "g"}, round.pcc->coeffs.g, &table);
-    AddRow({"", "", "b"}, round.pcc->coeffs.b, &table);
+    AddRow({step.label, step.pcc->enable ? "yes" : "no", "r"}, step.pcc->coeffs.r, &table);
+    AddRow({"", "", "g"}, step.pcc->coeffs.g, &table);
+    AddRow({"", "", "b"}, step.pcc->coeffs.b, &table);
   }
   table.Print(out);
 }

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// The PCC block as it was after each round of a render, as a table and as JSON.
+// The PCC block as it was after each step of a render, as a table and as JSON.
 #pragma once
 
 #include <ostream>
@@ -11,7 +11,7 @@
 
 namespace zelctl {
 
-Json PccRoundsJson(const std::vector<PccRound>& rounds);
-void PrintPccRounds(const std::vector<PccRound>& rounds, std::ostream& out);
+Json PccStepsJson(const std::vector<PccStep>& steps);
+void PrintPccSteps(const std::vector<PccStep>& steps, std::ostream& out);
 
 }  // namespace zelctl

@@ -14,7 +14,7 @@
 #include "devkit/zelctl/plot/gnuplot.h"
 #include "devkit/zelctl/plot/mode_plot.h"
 #include "devkit/zelctl/render_options.h"
-#include "devkit/zelctl/rounds.h"
+#include "devkit/zelctl/render_steps.h"
 #include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
@@ -99,7 +99,7 @@ void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   ApplySizesAndNotifications(arguments.options, &session);
 
   velaricolor::HwConfigOutputParams output;
-  auto pcc = RunRounds(StepByStep(arguments.options, list, mode), list, &session, &output);
+  auto pcc = RunSteps(StepByStep(arguments.options, list, mode), list, &session, &output);
   const std::string index = "mode " + std::to_string(mode);
   pcc.front().label = Showable(list.modes[mode].label, index, svg);
   const std::string label = pcc.front().label == index ? "" : " " + pcc.front().label;

@@ -13,33 +13,33 @@
 #include "devkit/zelctl/picture/png_file.h"
 #include "devkit/zelctl/picture/render_picture.h"
 #include "devkit/zelctl/render_options.h"
-#include "devkit/zelctl/rounds.h"
+#include "devkit/zelctl/render_steps.h"
 
 namespace zelctl {
 namespace {
 
-std::vector<Round> PlanRounds(const RenderArguments& arguments,
-                              const velaricolor::ColorModeList& list) {
+std::vector<RenderStep> PlanSteps(const RenderArguments& arguments,
+                                  const velaricolor::ColorModeList& list) {
   const size_t mode = SelectMode(list, arguments.mode);
-  std::vector<Round> rounds;
+  std::vector<RenderStep> steps;
   if (arguments.from) {
     const size_t from = SelectMode(list, *arguments.from);
-    rounds.push_back({list.modes[from].label, nullptr, from});
+    steps.push_back({list.modes[from].label, nullptr, from});
   }
   if (arguments.steps) {
-    const std::vector<Round> steps = StepByStep(arguments.options, list, mode);
-    rounds.insert(rounds.end(), steps.begin(), steps.end());
-    return rounds;
+    const std::vector<RenderStep> settings = StepByStep(arguments.options, list, mode);
+    steps.insert(steps.end(), settings.begin(), settings.end());
+    return steps;
   }
   const auto set_all = [settings = ColorSettings(arguments.options, mode)](HostSession* session) {
-    for (const Round& setting : settings) setting.prepare(session);
+    for (const RenderStep& setting : settings) setting.prepare(session);
   };
   for (uint32_t i = 1; i <= arguments.repeat; ++i) {
     const std::string count = arguments.repeat > 1 ? " #" + std::to_string(i) : "";
-    rounds.push_back({list.modes[mode].label + count, nullptr, mode});
-    if (i == 1) rounds.back().prepare = set_all;
+    steps.push_back({list.modes[mode].label + count, nullptr, mode});
+    if (i == 1) steps.back().prepare = set_all;
   }
-  return rounds;
+  return steps;
 }
 
 void RenderImage(const RenderArguments& arguments, Picture picture,
@@ -65,17 +65,17 @@ void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
   }
   HostSession session(globals.session);
   const auto list = session.Get<velaricolor::ColorModeList>(velaricolor::kVcModesList);
-  const std::vector<Round> rounds = PlanRounds(arguments, list);
+  const std::vector<RenderStep> steps = PlanSteps(arguments, list);
   ApplySizesAndNotifications(arguments.options, &session);
 
   velaricolor::HwConfigOutputParams output;
-  const std::vector<PccRound> pcc = RunRounds(rounds, list, &session, &output);
+  const std::vector<PccStep> pcc = RunSteps(steps, list, &session, &output);
   if (picture) RenderImage(arguments, *std::move(picture), output);
 
-  const size_t mode = rounds.back().mode;
+  const size_t mode = steps.back().mode;
   if (globals.json) {
     PrintJson({{"mode", ModeJson(list, mode)},
-               {"rounds", PccRoundsJson(pcc)},
+               {"rounds", PccStepsJson(pcc)},
                {"blocks", BlocksJson(output, globals.tables)},
                {"problems", globals.problems}},
               std::cout);
@@ -84,7 +84,7 @@ void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
   std::cout << "Mode " << ModeTitle(list, mode) << "\n\n";
   ReportBlocks(globals, output);
   std::cout << '\n';
-  PrintPccRounds(pcc, std::cout);
+  PrintPccSteps(pcc, std::cout);
 }
 
 }  // namespace zelctl

@@ -19,7 +19,7 @@ using PccCopy = std::optional<velaricolor::PccPostBlendConfig>;
 PccCopy CopyPcc(const velaricolor::HwConfigOutputParams& output);
 
 // The block after one of several calls.
-struct PccRound {
+struct PccStep {
   std::string label;
   PccCopy pcc;
 };

@@ -24,7 +24,7 @@ struct ModePlot {
   std::string title;     // of the mode
   std::string subtitle;  // panel and settings; below where one line is too short
   BlockPipeline pipeline;
-  std::vector<PccRound> pcc;
+  std::vector<PccStep> pcc;
   std::optional<GamutDiagram> gamut;  // needed where HasGamut
 };
 

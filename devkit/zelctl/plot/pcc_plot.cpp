@@ -23,10 +23,10 @@ constexpr std::array<Input, 4> kInputs = {{{"PCC: red in", {1, 0, 0}},
 
 constexpr size_t kLongestTick = 14;  // columns that fit under a bar, slanted
 
-std::vector<Vec3> AfterRounds(const std::vector<PccRound>& rounds, const Vec3& light) {
+std::vector<Vec3> AfterSteps(const std::vector<PccStep>& steps, const Vec3& light) {
   std::vector<Vec3> results;
-  results.reserve(rounds.size());
-  for (const PccRound& round : rounds) results.push_back(ApplyPcc(round.pcc, light));
+  results.reserve(steps.size());
+  for (const PccStep& step : steps) results.push_back(ApplyPcc(step.pcc, light));
   return results;
 }
 
@@ -37,14 +37,14 @@ void WriteData(const std::vector<Vec3>& results, std::ostream& out) {
 }
 
 // One bar per channel at every step.
-void WritePlot(const Input& input, const std::vector<PccRound>& rounds, std::ostream& out) {
-  WriteData(AfterRounds(rounds, input.light), out);
+void WritePlot(const Input& input, const std::vector<PccStep>& steps, std::ostream& out) {
+  WriteData(AfterSteps(steps, input.light), out);
   out << "set title '" << input.title << "'\nset xtics (";
-  for (size_t i = 0; i < rounds.size(); ++i) {
-    out << (i == 0 ? "" : ", ") << Quoted(Shortened(rounds[i].label, kLongestTick)) << ' ' << i;
+  for (size_t i = 0; i < steps.size(); ++i) {
+    out << (i == 0 ? "" : ", ") << Quoted(Shortened(steps[i].label, kLongestTick)) << ' ' << i;
   }
   out << ") noenhanced rotate by 35 right\n"
-      << "set xrange [-0.6:" << static_cast<double>(rounds.size()) - 0.4 << "]\n";
+      << "set xrange [-0.6:" << static_cast<double>(steps.size()) - 0.4 << "]\n";
 }
 
 constexpr const char* kPccCommands = R"(
@@ -61,11 +61,11 @@ plot $pcc using 1 linecolor '#d03030' title 'R', \
 
 }  // namespace
 
-std::array<std::string, 4> PccPlots(const std::vector<PccRound>& rounds) {
+std::array<std::string, 4> PccPlots(const std::vector<PccStep>& steps) {
   double low = 0;
   double high = 1;
   for (const Input& input : kInputs) {
-    for (const Vec3& rgb : AfterRounds(rounds, input.light)) {
+    for (const Vec3& rgb : AfterSteps(steps, input.light)) {
       low = std::min(low, *std::min_element(rgb.begin(), rgb.end()));
       high = std::max(high, *std::max_element(rgb.begin(), rgb.end()));
     }
@@ -75,7 +75,7 @@ std::array<std::string, 4> PccPlots(const std::vector<PccRound>& rounds) {
   std::array<std::string, 4> plots;
   for (size_t i = 0; i < kInputs.size(); ++i) {
     std::ostringstream out;
-    WritePlot(kInputs[i], rounds, out);
+    WritePlot(kInputs[i], steps, out);
     out << "set yrange [" << low - margin << ':' << high + legend << "]\n"
         << "set ytics " << (high - low <= 2 ? "0.25" : "autofreq") << '\n';
     if (i == 0) {

@@ -13,7 +13,7 @@ namespace zelctl {
 
 // gnuplot's commands for four plots, one for each of red, green, blue and white
 // as they enter the block: the light of the panel's three channels after each
-// round, not clipped. All four have the same scale.
-std::array<std::string, 4> PccPlots(const std::vector<PccRound>& rounds);
+// step, not clipped. All four have the same scale.
+std::array<std::string, 4> PccPlots(const std::vector<PccStep>& steps);
 
 }  // namespace zelctl

@@ -5,7 +5,7 @@
 
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/mode_selection.h"
-#include "devkit/zelctl/rounds.h"
+#include "devkit/zelctl/render_steps.h"
 
 namespace zelctl {
 namespace {
@@ -48,7 +48,7 @@ std::vector<ModeEvaluation> EvaluateModes(const Panel& panel, const ColorModeLis
     modes.push_back(std::move(mode));
   }
   // A setting stays, so that each is made once, for all modes.
-  for (const Round& setting : ColorSettings(options, 0)) {
+  for (const RenderStep& setting : ColorSettings(options, 0)) {
     setting.prepare(session);
     for (ModeEvaluation& mode : modes) {
       const BlockPipeline pipeline = Render(list, mode.index, options, session);

@@ -15,23 +15,23 @@
 namespace zelctl {
 
 // One call and what is set before it.
-struct Round {
+struct RenderStep {
   std::string label;
   std::function<void(HostSession*)> prepare;  // empty: nothing is set
   size_t mode = 0;                            // place in the mode list
 };
 
-// A round for each setting that changes the PCC block, in the order in which the
+// A step for each setting that changes the PCC block, in the order in which the
 // plug-in composes them. They refer to `options`.
-std::vector<Round> ColorSettings(const RenderOptions& options, size_t mode);
+std::vector<RenderStep> ColorSettings(const RenderOptions& options, size_t mode);
 
 // The mode as it is, then with one colour setting more each time.
-std::vector<Round> StepByStep(const RenderOptions& options, const velaricolor::ColorModeList& list,
-                              size_t mode);
+std::vector<RenderStep> StepByStep(const RenderOptions& options,
+                                   const velaricolor::ColorModeList& list, size_t mode);
 
-// The PCC block after each round. `output` takes the blocks.
-std::vector<PccRound> RunRounds(const std::vector<Round>& rounds,
-                                const velaricolor::ColorModeList& list, HostSession* session,
-                                velaricolor::HwConfigOutputParams* output);
+// The PCC block after each step. `output` takes the blocks.
+std::vector<PccStep> RunSteps(const std::vector<RenderStep>& steps,
+                              const velaricolor::ColorModeList& list, HostSession* session,
+                              velaricolor::HwConfigOutputParams* output);
 
 }  // namespace zelctl
