@@ -81,4 +81,8 @@ double Ciede2000(const Lab& one, const Lab& other) {
   return std::sqrt(dl * dl + dc * dc + dh * dh + rotation * dc * dh);
 }
 
+double Ciede2000(const Vec3& one, const Vec3& other, const Vec3& white) {
+  return Ciede2000(XyzToLab(one, white), XyzToLab(other, white));
+}
+
 }  // namespace tarn::color

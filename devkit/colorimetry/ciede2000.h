@@ -14,4 +14,7 @@ namespace tarn::color {
 // is just noticeable side by side.
 double Ciede2000(const Lab& one, const Lab& other);
 
+// Of two tristimulus values, seen under `white`.
+double Ciede2000(const Vec3& one, const Vec3& other, const Vec3& white);
+
 }  // namespace tarn::color

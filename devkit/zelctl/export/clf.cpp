@@ -12,6 +12,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/export/formats.h"
 #include "devkit/zelctl/export/number_text.h"
+#include "devkit/zelctl/markup_text.h"
 
 namespace zelctl {
 namespace {
@@ -21,29 +22,6 @@ using tarn::reference::kPccRange;
 using zeltarn::kPccTerms;
 
 constexpr std::string_view kDepths = "inBitDepth=\"32f\" outBitDepth=\"32f\"";
-
-std::string XmlText(const std::string& text) {
-  std::string escaped;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        escaped += "&amp;";
-        break;
-      case '<':
-        escaped += "&lt;";
-        break;
-      case '>':
-        escaped += "&gt;";
-        break;
-      case '"':
-        escaped += "&quot;";
-        break;
-      default:
-        escaped += c;
-    }
-  }
-  return escaped;
-}
 
 std::string Node(const std::string& kind, const std::string& attributes,
                  const std::string& contents) {
@@ -167,7 +145,7 @@ std::string Nodes(const BlockPipeline& pipeline) {
 }  // namespace
 
 ExportedFile WriteClf(const ExportedMode& mode, const FormatOptions& /*options*/) {
-  const std::string title = XmlText(mode.Title());
+  const std::string title = Escaped(mode.Title());
   std::string text =
       "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
       "<ProcessList id=\"" +

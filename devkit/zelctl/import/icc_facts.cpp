@@ -18,7 +18,6 @@ using tarn::color::Mat3;
 using tarn::color::Multiply;
 using tarn::color::ToChromaticity;
 using tarn::color::Vec3;
-using tarn::color::XyzToLab;
 
 // ICC.1, section 7.2.16: the illuminant of the connection space.
 constexpr Vec3 kPcsWhite = {0.9642, 1, 0.8249};
@@ -76,7 +75,7 @@ void TakeColors(const IccProfile& profile, PanelFacts* facts) {
                       .white = ChromaticityOf(white, "white, the sum of its colorants,")};
   std::string line = "white: the sum of the colorants, " + ChromaticityText(facts->primaries.white);
   const Vec3 expected = Multiply(unadapted, kPcsWhite);
-  const double difference = Ciede2000(XyzToLab(white, expected), XyzToLab(expected, expected));
+  const double difference = Ciede2000(white, expected, expected);
   constexpr double kSeen = 0.1;
   if (difference > kSeen) {
     line += "; " + DifferenceText(difference) + " from the white that it is adapted from";

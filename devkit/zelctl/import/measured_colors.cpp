@@ -13,8 +13,8 @@
 namespace zelctl {
 namespace {
 
+using tarn::color::Ciede2000;
 using tarn::color::Vec3;
-using tarn::color::XyzToLab;
 
 // Files state device values to a few places.
 std::array<long, 3> Key(const Vec3& signal) {
@@ -26,10 +26,6 @@ std::array<long, 3> Key(const Vec3& signal) {
 bool IsGrey(const MeasuredColor& color) {
   const auto key = Key(color.signal);
   return key[0] == key[1] && key[1] == key[2];
-}
-
-double Difference(const Vec3& one, const Vec3& other, const Vec3& white) {
-  return Ciede2000(XyzToLab(one, white), XyzToLab(other, white));
 }
 
 struct Worst {
@@ -54,7 +50,7 @@ std::string ResidualText(const std::vector<MeasuredColor>& colors,
     if (greys && !IsGrey(color)) continue;
     Vec3 emitted = Emitted(panel, color.signal);
     for (double& component : emitted) component *= unit;
-    const double difference = Difference(emitted, color.xyz, white);
+    const double difference = Ciede2000(emitted, color.xyz, white);
     worst.Take(difference, color);
     sum += difference;
     ++count;
@@ -103,7 +99,7 @@ std::string SpreadText(const std::vector<MeasuredColor>& colors, const Vec3& whi
   Worst worst;
   for (const MeasuredColor& color : colors) {
     if (color.readings.size() < 2) continue;
-    for (const Vec3& xyz : color.readings) worst.Take(Difference(xyz, color.xyz, white), color);
+    for (const Vec3& xyz : color.readings) worst.Take(Ciede2000(xyz, color.xyz, white), color);
   }
   if (worst.color == nullptr) return "";
   return "repeats: at most " + DifferenceText(worst.difference) + " from their mean (" +

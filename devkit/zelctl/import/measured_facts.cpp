@@ -19,7 +19,6 @@ using tarn::color::Multiply;
 using tarn::color::Ramp;
 using tarn::color::RampPoint;
 using tarn::color::Vec3;
-using tarn::color::XyzToLab;
 
 using Colors = std::vector<MeasuredColor>;
 
@@ -97,7 +96,7 @@ double Additivity(const Ends& ends, PanelFacts* facts) {
   for (const Vec3& primary : ends.primaries) {
     for (size_t i = 0; i < 3; ++i) sum[i] += primary[i];
   }
-  const double difference = Ciede2000(XyzToLab(sum, ends.white), XyzToLab(ends.white, ends.white));
+  const double difference = Ciede2000(sum, ends.white, ends.white);
   facts->source.push_back("additivity: red, green and blue together are " +
                           DifferenceText(difference) + " from white, " +
                           NumberText(100 * sum[1] / ends.white[1]) + " % of its luminance");

@@ -1,9 +1,10 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <sstream>
 
+#include "devkit/zelctl/markup_text.h"
 #include "devkit/zelctl/report/color_checker.h"
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 
 namespace zelctl {
 

@@ -1,8 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include <cmath>
 
+#include "devkit/zelctl/markup_text.h"
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 
 namespace zelctl {
 

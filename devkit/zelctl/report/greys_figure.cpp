@@ -2,7 +2,7 @@
 #include <algorithm>
 
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 #include "devkit/zelctl/report/svg_plot.h"
 
 namespace zelctl {

@@ -4,8 +4,9 @@
 #include <array>
 
 #include "devkit/colorimetry/ciede2000.h"
+#include "devkit/zelctl/markup_text.h"
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 #include "devkit/zelctl/report/target_text.h"
 
 namespace zelctl {

@@ -3,7 +3,7 @@
 
 #include "devkit/colorimetry/ciede2000.h"
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 #include "devkit/zelctl/report/svg_plot.h"
 
 namespace zelctl {

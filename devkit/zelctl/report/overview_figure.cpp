@@ -3,8 +3,9 @@
 #include <cmath>
 #include <sstream>
 
+#include "devkit/zelctl/markup_text.h"
 #include "devkit/zelctl/report/figures.h"
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 #include "devkit/zelctl/text_width.h"
 
 namespace zelctl {

@@ -3,10 +3,11 @@
 
 #include <sstream>
 
+#include "devkit/zelctl/markup_text.h"
 #include "devkit/zelctl/report/figures.h"
 #include "devkit/zelctl/report/html_table.h"
-#include "devkit/zelctl/report/html_text.h"
 #include "devkit/zelctl/report/page_style.h"
+#include "devkit/zelctl/report/shown_number.h"
 #include "devkit/zelctl/report/target_text.h"
 
 namespace zelctl {

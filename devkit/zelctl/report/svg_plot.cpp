@@ -4,7 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/markup_text.h"
+#include "devkit/zelctl/report/shown_number.h"
 
 namespace zelctl {
 namespace {

@@ -1,23 +1,19 @@
 // SPDX-License-Identifier: Apache-2.0
-#include "devkit/zelctl/report/html_text.h"
+#include "devkit/zelctl/markup_text.h"
 
-#include <array>
-#include <cmath>
 #include <cstdint>
-#include <cstdio>
 
 namespace zelctl {
 namespace {
 
-constexpr const char* kNoNumber = "–";
 constexpr const char* kReplacement = "\xef\xbf\xbd";
 
-// Bytes of the UTF-8 sequence at `at`; 0 where there is none.
+// Bytes of the UTF-8 sequence at `at`; 0 where there is none, or a control character.
 size_t SequenceLength(const std::string& text, size_t at) {
   const auto byte = [&text](size_t i) { return static_cast<uint8_t>(text[i]); };
   const uint8_t lead = byte(at);
   size_t length = 0;
-  if (lead < 0x80) length = 1;
+  if ((lead >= 0x20 && lead < 0x7f) || lead == '\t' || lead == '\n' || lead == '\r') length = 1;
   if (lead >= 0xc2 && lead < 0xe0) length = 2;
   if (lead >= 0xe0 && lead < 0xf0) length = 3;
   if (lead >= 0xf0 && lead < 0xf5) length = 4;
@@ -56,22 +52,6 @@ std::string Escaped(const std::string& text) {
     at += length == 0 ? 1 : length;
   }
   return escaped;
-}
-
-std::string Fixed(double value, int places) {
-  if (!std::isfinite(value)) return kNoNumber;
-  std::array<char, 352> text = {};  // the largest double has 309 digits
-  std::snprintf(text.data(), text.size(), "%.*f", places, value);
-  const std::string result = text.data();
-  const bool is_zero = result.find_first_not_of("-0.") == std::string::npos;
-  return is_zero && result[0] == '-' ? result.substr(1) : result;
-}
-
-std::string Significant(double value) {
-  if (!std::isfinite(value)) return kNoNumber;
-  std::array<char, 32> text = {};
-  std::snprintf(text.data(), text.size(), "%.4g", value);
-  return text.data();
 }
 
 }  // namespace zelctl

@@ -1,15 +1,11 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// Texts and numbers as a page shows them.
+// Numbers as a page shows them.
 #pragma once
 
 #include <string>
 
 namespace zelctl {
-
-// Nothing in `text` is markup, neither between tags nor within a quoted attribute.
-// Bytes that are not UTF-8 become replacement characters.
-std::string Escaped(const std::string& text);
 
 // With that many places; a dash where it is no finite number.
 std::string Fixed(double value, int places);
