@@ -9,6 +9,7 @@
 #include "convert/block_table.h"
 #include "tests/support/bytes.h"
 #include "tests/support/plugin_host.h"
+#include "tests/support/rows.h"
 
 using velaricolor::HwConfigOutputParams;
 
@@ -17,7 +18,7 @@ namespace {
 using Span = std::pair<size_t, size_t>;  // begin and end
 
 struct Conversion {
-  std::string block;
+  std::string name;  // of the block
   std::string converter;
   uint32_t version;           // and size
   std::vector<Span> carried;  // the bytes that reach the host
@@ -39,7 +40,7 @@ std::shared_ptr<void> Make() {
 template <template <typename> class Config>
 Conversion To(const std::string& block, const std::string& name, uint32_t version,
               const std::vector<Span>& carried, Span container = {}) {
-  return {.block = block,
+  return {.name = block,
           .converter = "ConvertPostBlend" + name + "Payload",
           .version = version,
           .carried = carried,
@@ -100,122 +101,117 @@ Bytes Converted(const Conversion& conversion, const Bytes& from, Bytes before) {
   return before;
 }
 
-class Conversions : public PluginTest {};
+class Conversions : public PluginTest, public testing::WithParamInterface<Conversion> {
+ protected:
+  void SetUp() override { Start(); }
+};
+ZEL_TEST_ROWS(Conversions, AllConversions());
 
 // Bench, fuzzer and zelctl walk the table: a block that has no row there, or none
 // above, is noticed here.
-TEST_F(Conversions, AreThoseOfTheBlockTable) {
+TEST(ConversionTable, HoldsEveryBlock) {
   std::map<std::string, uint32_t> table;
   zeltarn::layout::ForEachBlock([&]<template <typename> class Config>(const std::string& name) {
     table.emplace(name, sizeof(Config<velaricolor::HostSide>));
     EXPECT_GE(name.size(), sizeof(uint64_t)) << name << ": names are compared in words";
   });
   std::map<std::string, uint32_t> conversions;
-  for (const Conversion& one : AllConversions()) conversions.emplace(one.block, one.version);
+  for (const Conversion& one : AllConversions()) conversions.emplace(one.name, one.version);
   EXPECT_EQ(table, conversions);
 }
 
-TEST_F(Conversions, CarryTheirFieldsAndNothingElse) {
-  Start();
-  for (const Conversion& conversion : AllConversions()) {
-    for (const uint8_t enable : Bytes{1, 0, 2, 0x80, 0xFF}) {
-      SCOPED_TRACE(conversion.block + " enable " + std::to_string(enable));
-      const Bytes from = Pattern(conversion, 0, enable);
-      const std::shared_ptr<void> parsers = conversion.make_parsers();
-      Fill(parsers, conversion, from);
-      // A length that is nobody's: it's copied, not computed.
-      Parser().blocks = {{.hw_block = conversion.block, .payload = parsers, .len = 12345}};
-      HwConfigOutputParams output;
+TEST_P(Conversions, CarryTheirFieldsAndNothingElse) {
+  const Conversion& conversion = GetParam();
+  for (const uint8_t enable : Bytes{1, 0, 2, 0x80, 0xFF}) {
+    SCOPED_TRACE(enable);
+    const Bytes from = Pattern(conversion, 0, enable);
+    const std::shared_ptr<void> parsers = conversion.make_parsers();
+    Fill(parsers, conversion, from);
+    // A length that is nobody's: it's copied, not computed.
+    Parser().blocks = {{.hw_block = conversion.name, .payload = parsers, .len = 12345}};
+    HwConfigOutputParams output;
 
-      ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
-      ASSERT_EQ(output.payloads.size(), 1U);
-      EXPECT_EQ(output.payloads[0].version, 56U);
-      EXPECT_EQ(output.payloads[0].hw_block, conversion.block);
-      EXPECT_EQ(output.payloads[0].len, 12345U);
-      Bytes blank(conversion.version);
-      for (uint32_t i = 0; i < 4; ++i) {
-        blank[i] = static_cast<uint8_t>(conversion.version >> (8 * i));
-      }
-      EXPECT_EQ(Image(conversion, output.payloads[0].payload), Converted(conversion, from, blank))
-          << "fresh";
-
-      const Bytes before = Pattern(conversion, 0xFE, enable == 0 ? 0xFF : 0);
-      const std::shared_ptr<void> hosts = conversion.make_hosts();
-      Fill(hosts, conversion, before);
-      output.payloads = {{.hw_block = conversion.block, .payload = hosts, .len = 1}};
-      ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
-      ASSERT_EQ(output.payloads.size(), 1U);
-      EXPECT_EQ(output.payloads[0].payload, hosts);
-      EXPECT_EQ(output.payloads[0].len, 12345U);
-      EXPECT_EQ(Image(conversion, hosts), Converted(conversion, from, before)) << "in place";
+    ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+    ASSERT_EQ(output.payloads.size(), 1U);
+    EXPECT_EQ(output.payloads[0].version, 56U);
+    EXPECT_EQ(output.payloads[0].hw_block, conversion.name);
+    EXPECT_EQ(output.payloads[0].len, 12345U);
+    Bytes blank(conversion.version);
+    for (uint32_t i = 0; i < 4; ++i) {
+      blank[i] = static_cast<uint8_t>(conversion.version >> (8 * i));
     }
+    EXPECT_EQ(Image(conversion, output.payloads[0].payload), Converted(conversion, from, blank))
+        << "fresh";
+
+    const Bytes before = Pattern(conversion, 0xFE, enable == 0 ? 0xFF : 0);
+    const std::shared_ptr<void> hosts = conversion.make_hosts();
+    Fill(hosts, conversion, before);
+    output.payloads = {{.hw_block = conversion.name, .payload = hosts, .len = 1}};
+    ASSERT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+    ASSERT_EQ(output.payloads.size(), 1U);
+    EXPECT_EQ(output.payloads[0].payload, hosts);
+    EXPECT_EQ(output.payloads[0].len, 12345U);
+    EXPECT_EQ(Image(conversion, hosts), Converted(conversion, from, before)) << "in place";
   }
 }
 
 // Whatever length a name without a record claims.
-TEST_F(Conversions, GiveARecordToANameWithoutOne) {
-  Start();
-  for (const Conversion& conversion : AllConversions()) {
-    SCOPED_TRACE(conversion.block);
-    Parser().blocks = {
-        {.hw_block = conversion.block, .payload = conversion.make_parsers(), .len = 12345}};
+TEST_P(Conversions, GiveARecordToANameWithoutOne) {
+  const Conversion& conversion = GetParam();
+  Parser().blocks = {
+      {.hw_block = conversion.name, .payload = conversion.make_parsers(), .len = 12345}};
+  HwConfigOutputParams output;
+  output.payloads = {{.hw_block = conversion.name, .len = 7}};
+  EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+  ASSERT_EQ(output.payloads.size(), 1U);
+  EXPECT_NE(output.payloads[0].payload, nullptr);
+  EXPECT_EQ(output.payloads[0].len, 12345U);
+}
+
+TEST_P(Conversions, RefuseEntriesWithoutVersionOrRecord) {
+  const Conversion& conversion = GetParam();
+  for (const uint32_t version : {55U, 56U}) {
+    SCOPED_TRACE(version);
+    Parser().dither = {{.hw_block = conversion.name, .len = 12345}};
     HwConfigOutputParams output;
-    output.payloads = {{.hw_block = conversion.block, .len = 7}};
-    EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
+    output.payloads = {{.version = version, .hw_block = conversion.name, .len = 7}};
+
+    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+    EXPECT_EQ(Platform().TakeLog(),
+              (Lines{version == 56 ? "E " + conversion.converter + ": Invalid parameters"
+                                   : "E VersionCheck: invalid version 55 expected 56",
+                     "E ConvertHwConfigOutputParams: Failed to convert for " + conversion.name +
+                         " from tarn to velari namespace",
+                     "E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output"}));
     ASSERT_EQ(output.payloads.size(), 1U);
-    EXPECT_NE(output.payloads[0].payload, nullptr);
-    EXPECT_EQ(output.payloads[0].len, 12345U);
+    EXPECT_EQ(output.payloads[0].version, version);
+    EXPECT_EQ(output.payloads[0].payload, nullptr);
+    EXPECT_EQ(output.payloads[0].len, 7U);
   }
 }
 
-TEST_F(Conversions, RefuseEntriesWithoutVersionOrRecord) {
-  Start();
-  for (const Conversion& conversion : AllConversions()) {
-    for (const uint32_t version : {55U, 56U}) {
-      SCOPED_TRACE(conversion.block + " version " + std::to_string(version));
-      Parser().dither = {{.hw_block = conversion.block, .len = 12345}};
-      HwConfigOutputParams output;
-      output.payloads = {{.version = version, .hw_block = conversion.block, .len = 7}};
-
-      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
-      EXPECT_EQ(Platform().TakeLog(),
-                (Lines{version == 56 ? "E " + conversion.converter + ": Invalid parameters"
-                                     : "E VersionCheck: invalid version 55 expected 56",
-                       "E ConvertHwConfigOutputParams: Failed to convert for " + conversion.block +
-                           " from tarn to velari namespace",
-                       "E GetPbDitheHwConfig: Falied to convert pb dither hwe config to output"}));
-      ASSERT_EQ(output.payloads.size(), 1U);
-      EXPECT_EQ(output.payloads[0].version, version);
-      EXPECT_EQ(output.payloads[0].payload, nullptr);
-      EXPECT_EQ(output.payloads[0].len, 7U);
-    }
+TEST_P(Conversions, ExistForExactNamesOnly) {
+  const Conversion& conversion = GetParam();
+  const tarn::HwConfigPayload right = {.hw_block = conversion.name,
+                                       .payload = conversion.make_parsers()};
+  std::vector<std::string> wrong = {"", conversion.name + "X",
+                                    conversion.name + std::string(1, '\0'),
+                                    conversion.name.substr(0, conversion.name.size() - 1)};
+  for (size_t letter = 0; letter < conversion.name.size(); ++letter) {
+    wrong.push_back(conversion.name);
+    wrong.back()[letter] ^= 0x20;  // the other case
   }
-}
+  for (const std::string& name : wrong) {
+    SCOPED_TRACE(name);
+    HwConfigOutputParams output;
+    output.payloads = {{.hw_block = name}};
+    Parser().dither = {right};
+    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
+    EXPECT_EQ(output.payloads.size(), 2U) << "the host's entry is another block's";
 
-TEST_F(Conversions, ExistForExactNamesOnly) {
-  Start();
-  for (const Conversion& conversion : AllConversions()) {
-    const tarn::HwConfigPayload right = {.hw_block = conversion.block,
-                                         .payload = conversion.make_parsers()};
-    std::vector<std::string> wrong = {"", conversion.block + "X",
-                                      conversion.block + std::string(1, '\0'),
-                                      conversion.block.substr(0, conversion.block.size() - 1)};
-    for (size_t letter = 0; letter < conversion.block.size(); ++letter) {
-      wrong.push_back(conversion.block);
-      wrong.back()[letter] ^= 0x20;  // the other case
-    }
-    for (const std::string& name : wrong) {
-      SCOPED_TRACE(conversion.block + " against " + name);
-      HwConfigOutputParams output;
-      output.payloads = {{.hw_block = name}};
-      Parser().dither = {right};
-      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), 0);
-      EXPECT_EQ(output.payloads.size(), 2U) << "the host's entry is another block's";
-
-      Parser().dither = {{.hw_block = name, .payload = right.payload}};
-      EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
-      EXPECT_EQ(output.payloads.size(), 2U);
-    }
+    Parser().dither = {{.hw_block = name, .payload = right.payload}};
+    EXPECT_EQ(Get(velaricolor::kVcPbDitherHwConfig, &output), -22);
+    EXPECT_EQ(output.payloads.size(), 2U);
   }
 }
 

@@ -6,6 +6,7 @@
 
 #include "tests/support/bytes.h"
 #include "tests/support/pcc.h"
+#include "tests/support/rows.h"
 
 using velaricolor::HwConfigOutputParams;
 
@@ -51,69 +52,70 @@ Bytes Joined(const std::array<uint32_t, 2>& words, const std::vector<pcc_coeff_d
 
 class Composition : public PccTest {};
 
-TEST_F(Composition, ByLibraryByProductOrNotAtAll) {
-  enum Library { kReady, kFailing, kAbsent, kRefusing, kLost };
-  enum Result { kMerged, kProduct, kPlain };
-  const struct {
-    const char* name;
-    Library library;
-    bool enabled;                   // the parser's block
-    std::array<double, 3> offsets;  // the transform's
-    Result result;
-  } cases[] = {
-      {"merged with offset", kReady, true, {0, 5}, kMerged},
-      {"merging nothing", kReady, false, {}, kPlain},
-      {"merge fails", kFailing, true, {}, kPlain},
-      {"multiplied", kAbsent, true, {}, kProduct},
-      {"library refuses", kRefusing, true, {-0.0, -0.0, -0.0}, kProduct},
-      {"library lost", kLost, true, {}, kProduct},
-      {"multiplying nothing", kAbsent, false, {}, kPlain},
-      {"red offset", kAbsent, true, {1e-300}, kPlain},
-      {"negative red offset", kAbsent, true, {-5}, kPlain},
-      {"green offset", kAbsent, true, {0, 5}, kPlain},
-      {"negative green offset", kAbsent, true, {0, -5}, kPlain},
-      {"negative blue offset", kAbsent, true, {0, 0, -5}, kPlain},
-      {"blue offset", kAbsent, true, {0, 0, kNan}, kPlain},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    Platform().algo_opens = c.library != kAbsent;
-    Algo() = {.init_result = c.library == kRefusing ? 7 : 0,
-              .merge_result = c.library == kFailing ? 1 : 0,
-              .merged = {Random(3)}};
-    Start();
-    if (c.library == kLost) {
-      Plugin().DeInit();
-      Platform().algo_opens = false;
-      ASSERT_EQ(Init(), 0);
-    }
-    const pcc_coeff_data trans = Random(1, c.offsets);
-    const pcc_coeff_data active = Random(2, {0.1, 0.2, 0.3});
-    ParserAnswers(active, c.enabled);
-    SetLtm(trans);
-    Platform().TakeLog();
-    Platform().TakeEvents();
+enum Library { kReady, kFailing, kAbsent, kRefusing, kLost };
+enum Result { kMerged, kProduct, kPlain };
+struct MergeCase {
+  const char* name;
+  Library library;
+  bool enabled;                   // the parser's block
+  std::array<double, 3> offsets;  // the transform's
+  Result result;
+};
+const MergeCase kMergeCases[] = {
+    {"merged with offset", kReady, true, {0, 5}, kMerged},
+    {"merging nothing", kReady, false, {}, kPlain},
+    {"merge fails", kFailing, true, {}, kPlain},
+    {"multiplied", kAbsent, true, {}, kProduct},
+    {"library refuses", kRefusing, true, {-0.0, -0.0, -0.0}, kProduct},
+    {"library lost", kLost, true, {}, kProduct},
+    {"multiplying nothing", kAbsent, false, {}, kPlain},
+    {"red offset", kAbsent, true, {1e-300}, kPlain},
+    {"negative red offset", kAbsent, true, {-5}, kPlain},
+    {"green offset", kAbsent, true, {0, 5}, kPlain},
+    {"negative green offset", kAbsent, true, {0, -5}, kPlain},
+    {"negative blue offset", kAbsent, true, {0, 0, -5}, kPlain},
+    {"blue offset", kAbsent, true, {0, 0, kNan}, kPlain},
+};
 
-    HwConfigOutputParams output;
-    ASSERT_EQ(Render(&output), 0);
-    EXPECT_EQ(Platform().TakeLog(),
-              c.library == kFailing
-                  ? Lines{"E ColorIntfPCCMultiply: Failed to process kZelPccMerge"}
-                  : Lines());
-    EXPECT_TRUE(PccOf(output)->enable);
-    EXPECT_EQ(BytesOf(PccOf(output)->coeffs),
-              BytesOf(c.result == kMerged    ? Random(3)
-                      : c.result == kProduct ? Product(trans, active)
-                                             : trans));
-    const bool asked = c.enabled && c.library <= kFailing;
-    ASSERT_EQ(Algo().merges.size(), asked ? 1U : 0U);
-    if (!asked) continue;
-    EXPECT_EQ(BytesOf(Algo().merges[0]), Joined({552, 0}, {trans, active}));
-    EXPECT_EQ(BytesOf(Algo().blank), Joined({280, 0}, {pcc_coeff_data()}));
-    EXPECT_EQ(Platform().TakeEvents(), (Lines{"parser ProcessOps 0", "algo ProcessOps 2"}));
-    EXPECT_EQ(WordsOf(Algo().in), (Words{24, 552, 0, 0}));
-    EXPECT_EQ(WordsOf(Algo().out), (Words{24, 280, 0, 0}));
+class CompositionOf : public PccTest, public testing::WithParamInterface<MergeCase> {};
+ZEL_TEST_ROWS(CompositionOf, kMergeCases);
+
+TEST_P(CompositionOf, ByLibraryByProductOrNotAtAll) {
+  const MergeCase& c = GetParam();
+  Platform().algo_opens = c.library != kAbsent;
+  Algo() = {.init_result = c.library == kRefusing ? 7 : 0,
+            .merge_result = c.library == kFailing ? 1 : 0,
+            .merged = {Random(3)}};
+  Start();
+  if (c.library == kLost) {
+    Plugin().DeInit();
+    Platform().algo_opens = false;
+    ASSERT_EQ(Init(), 0);
   }
+  const pcc_coeff_data trans = Random(1, c.offsets);
+  const pcc_coeff_data active = Random(2, {0.1, 0.2, 0.3});
+  ParserAnswers(active, c.enabled);
+  SetLtm(trans);
+  Platform().TakeLog();
+  Platform().TakeEvents();
+
+  HwConfigOutputParams output;
+  ASSERT_EQ(Render(&output), 0);
+  EXPECT_EQ(Platform().TakeLog(),
+            c.library == kFailing ? Lines{"E ColorIntfPCCMultiply: Failed to process kZelPccMerge"}
+                                  : Lines());
+  EXPECT_TRUE(PccOf(output)->enable);
+  EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(c.result == kMerged    ? Random(3)
+                                                    : c.result == kProduct ? Product(trans, active)
+                                                                           : trans));
+  const bool asked = c.enabled && c.library <= kFailing;
+  ASSERT_EQ(Algo().merges.size(), asked ? 1U : 0U);
+  if (!asked) return;
+  EXPECT_EQ(BytesOf(Algo().merges[0]), Joined({552, 0}, {trans, active}));
+  EXPECT_EQ(BytesOf(Algo().blank), Joined({280, 0}, {pcc_coeff_data()}));
+  EXPECT_EQ(Platform().TakeEvents(), (Lines{"parser ProcessOps 0", "algo ProcessOps 2"}));
+  EXPECT_EQ(WordsOf(Algo().in), (Words{24, 552, 0, 0}));
+  EXPECT_EQ(WordsOf(Algo().out), (Words{24, 280, 0, 0}));
 }
 
 // Worked out apart, each step rounded to a double. Another order of the sums, or steps

@@ -15,8 +15,8 @@ struct Fakes {
 };
 
 Fakes& TheFakes() {
-  static Fakes world;
-  return world;
+  static Fakes fakes;
+  return fakes;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/devkit/zelctl/run_zelctl.h"
+#include "tests/support/rows.h"
 
 namespace {
 
@@ -54,44 +55,50 @@ TEST(OwnLibraries, FindTheirNeighbours) {
   EXPECT_EQ(RunZelctl(modes, "FAULT='needs a neighbour'").status, 0);
 }
 
-TEST(OwnLibraries, ProblemsAreSaidAndFailAStrictRun) {
-  const std::string render = "the render intent of mode 1:1:0";
-  const struct {
-    const char* arguments;
-    const char* fault;
-    std::string problem;
-  } cases[] = {
-      {"render 0", "", ""},
-      {"render 0", "render fails", "the mode parser answered -5 (EIO) to " + render},
-      {"render 0", "unknown name",
-       "block Odd? of " + render +
-           " did not arrive: there is no block of this name; nor did the 2 after it"},
-      {"render 0", "no record",
-       "block PostBlendDE of " + render + " did not arrive: it has no record"},
-      {"render 0", "short list",
-       "block PostBlendIGC of " + render +
-           " did not arrive: a list has 256 entries instead of 257; nor did the 3 after it"},
-      {"render 0 --igc-entries 300", "forgets sizes",
-       "block PostBlendIGC of " + render +
-           " did not arrive: a list has 257 entries instead of 300; nor did the 3 after it"},
-      {"render 0", "not a number", "block PostBlendPCC holds a number that is not finite"},
-      {"dither", "unknown dither",
-       "block Dither of the dither configuration did not arrive: there is no block of this name"},
-      {"assets 0", "assets fail",
-       "the mode parser answered -5 (EIO) to the software assets of mode 1:1:0"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.fault);
-    const ZelctlRun run = RunOwn(test.arguments, test.fault);
-    EXPECT_EQ(run.err.substr(0, run.err.find('\n')), test.problem);
-    if (test.arguments[0] == 'r') EXPECT_EQ(run.status, 0) << "the plug-in answers 0";
-    const ZelctlRun strict = RunOwn(test.arguments + std::string(" --strict --json"), test.fault);
-    if (test.problem.empty()) continue;
-    EXPECT_EQ(strict.status, 1);
-    const json report = json::parse(strict.out, nullptr, false);
-    ASSERT_TRUE(report.is_object()) << strict.out;
-    if (report.contains("problems")) EXPECT_EQ(report["problems"], json::array({test.problem}));
-  }
+const std::string kRender = "the render intent of mode 1:1:0";
+struct ProblemCase {
+  std::string arguments;
+  std::string name;  // of the fault
+  std::string problem;
+};
+const ProblemCase kProblems[] = {
+    {"render 0", "none", ""},
+    {"render 0", "render fails", "the mode parser answered -5 (EIO) to " + kRender},
+    {"render 0", "unknown name",
+     "block Odd? of " + kRender +
+         " did not arrive: there is no block of this name; nor did the 2 after it"},
+    {"render 0", "no record",
+     "block PostBlendDE of " + kRender + " did not arrive: it has no record"},
+    {"render 0", "short list",
+     "block PostBlendIGC of " + kRender +
+         " did not arrive: a list has 256 entries instead of 257; nor did the 3 after it"},
+    {"render 0 --igc-entries 300", "forgets sizes",
+     "block PostBlendIGC of " + kRender +
+         " did not arrive: a list has 257 entries instead of 300; nor did the 3 after it"},
+    {"render 0", "not a number", "block PostBlendPCC holds a number that is not finite"},
+    {"dither", "unknown dither",
+     "block Dither of the dither configuration did not arrive: there is no block of this name"},
+    {"assets 0", "assets fail",
+     "the mode parser answered -5 (EIO) to the software assets of mode 1:1:0"},
+};
+
+class OwnLibrariesProblem : public testing::TestWithParam<ProblemCase> {};
+ZEL_TEST_ROWS(OwnLibrariesProblem, kProblems);
+
+TEST_P(OwnLibrariesProblem, IsSaidAndFailsAStrictRun) {
+  const auto& [arguments, fault, problem] = GetParam();
+  const ZelctlRun run = RunOwn(arguments, fault);
+  EXPECT_EQ(run.err.substr(0, run.err.find('\n')), problem);
+  if (arguments.starts_with("render")) EXPECT_EQ(run.status, 0) << "the plug-in answers 0";
+  const ZelctlRun strict = RunOwn(arguments + " --strict --json", fault);
+  EXPECT_EQ(strict.status, problem.empty() ? 0 : 1);
+  const json report = json::parse(strict.out, nullptr, false);
+  ASSERT_TRUE(report.is_object()) << strict.out;
+  const json problems = problem.empty() ? json::array() : json::array({problem});
+  if (report.contains("problems")) EXPECT_EQ(report["problems"], problems);
+}
+
+TEST(OwnLibraries, GiveNoPictureOfWhatIsNoNumber) {
   for (const char* draws : {"render 0 --image " SAMPLE_PICTURE " -o ", "plot 0 --what pcc -o "}) {
     const ZelctlRun run = RunOwn(draws + WriteFile("nan.png", ""), "not a number");
     EXPECT_NE(run.err.find("PostBlendPCC: a coefficient is no finite number\n"), std::string::npos);

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "tests/devkit/zelctl/run_zelctl.h"
+#include "tests/support/rows.h"
 
 namespace {
 
@@ -39,69 +40,73 @@ TEST(Validate, ReferenceLibrariesKeepEveryRule) {
   }
 }
 
-TEST(Validate, OneFaultBreaksOneRule) {
-  const std::string failed = ": FAILED, status 1";
-  const std::string warning = ": warning, status 0";
-  const struct {
-    const char* library;
-    const char* fault;
-    std::string complaints;
-  } cases[] = {
-      {"parser", "", "status 0"},
-      {"parser", "no object", "makes an object" + failed},
-      {"parser", "any version", "refuses other versions" + warning},
-      {"parser", "Init fails", "initialises" + failed},
-      {"parser", "Init throws", "initialises" + failed},
-      {"parser", "list fails", "lists its modes" + failed},
-      {"parser", "no modes", "lists its modes" + failed},
-      {"parser", "ids twice", "mode ids unique" + failed},
-      {"parser", "label twice", "mode labels unique" + warning},
-      {"parser", "label empty", "mode labels unique" + warning},
-      {"parser", "render fails", "render intents" + failed},
-      {"parser", "refuses sizes", "takes table sizes" + warning},
-      {"parser", "assets fail", "software assets" + failed},
-      {"parser", "no dither", "status 0"},
-      {"parser", "unknown dither", "block names" + failed},
-      {"parser", "unsteady", "same answer twice" + failed},
-      {"parser", "one thread", "same answer twice" + failed},
-      {"parser", "one record", "records don't change" + failed},
-      {"parser", "any mode", "unknown mode refused" + warning},
-      {"parser", "entry version", "entry versions" + failed},
-      {"parser", "unknown name", "block names" + failed},
-      {"parser", "name twice", "no block twice" + failed},
-      {"parser", "no record", "records there" + failed},
-      {"parser", "len", "record lengths" + failed},
-      {"parser", "record version", "record versions" + failed},
-      {"parser", "short list", "gamma list lengths" + failed},
-      {"parser", "forgets sizes", "gamma list lengths" + failed},
-      {"parser", "sizes swapped", "gamma list lengths" + failed},
-      {"parser", "code too large", "gamma codes fit depth" + warning},
-      {"parser", "codes fall", "gamma codes don't fall" + warning},
-      {"parser", "not a number", "PCC numbers finite" + failed},
-      {"parser", "writes request", "records left alone" + failed},
-      {"parser", "writes envelope", "records left alone" + failed},
-      {"parser", "writes answer version", "records left alone" + failed},
-      {"parser", "writes list version", "records left alone" + failed},
-      {"parser", "writes size", "records left alone" + failed},
-      {"parser", "ends once", "ends" + failed},
-      {"parser", "starts once", "starts again" + failed},
-      {"algo", "", "status 0"},
-      {"algo", "no object", "makes an object" + failed},
-      {"algo", "Init fails", "initialises" + failed},
-      {"algo", "identity scales", "merges the identity" + failed},
-      {"algo", "wrong order", "merges matrices" + failed},
-      {"algo", "offset lost", "merges matrices" + failed},
-      {"algo", "any merge", "refuses the inexact" + failed},
-      {"algo", "unsteady", "same answer twice" + failed},
-      {"algo", "own reserved", "reserved bytes" + warning},
-      {"algo", "any operation", "unknown operation" + warning},
-      {"algo", "writes operands", "records left alone" + failed},
-      {"algo", "writes result version", "records left alone" + failed},
-  };
-  for (const auto& test : cases) {
-    const ZelctlRun run = Validate(test.library, test.fault);
-    EXPECT_EQ(Complaints(run), test.complaints) << test.fault << '\n' << run.out << run.err;
-  }
+const std::string kFailed = ": FAILED, status 1";
+const std::string kWarning = ": warning, status 0";
+struct FaultCase {
+  std::string library;
+  std::string fault;
+  std::string complaints;
+  std::string name = library + " " + fault;
+};
+const FaultCase kFaults[] = {
+    {"parser", "", "status 0"},
+    {"parser", "no object", "makes an object" + kFailed},
+    {"parser", "any version", "refuses other versions" + kWarning},
+    {"parser", "Init fails", "initialises" + kFailed},
+    {"parser", "Init throws", "initialises" + kFailed},
+    {"parser", "list fails", "lists its modes" + kFailed},
+    {"parser", "no modes", "lists its modes" + kFailed},
+    {"parser", "ids twice", "mode ids unique" + kFailed},
+    {"parser", "label twice", "mode labels unique" + kWarning},
+    {"parser", "label empty", "mode labels unique" + kWarning},
+    {"parser", "render fails", "render intents" + kFailed},
+    {"parser", "refuses sizes", "takes table sizes" + kWarning},
+    {"parser", "assets fail", "software assets" + kFailed},
+    {"parser", "no dither", "status 0"},
+    {"parser", "unknown dither", "block names" + kFailed},
+    {"parser", "unsteady", "same answer twice" + kFailed},
+    {"parser", "one thread", "same answer twice" + kFailed},
+    {"parser", "one record", "records don't change" + kFailed},
+    {"parser", "any mode", "unknown mode refused" + kWarning},
+    {"parser", "entry version", "entry versions" + kFailed},
+    {"parser", "unknown name", "block names" + kFailed},
+    {"parser", "name twice", "no block twice" + kFailed},
+    {"parser", "no record", "records there" + kFailed},
+    {"parser", "len", "record lengths" + kFailed},
+    {"parser", "record version", "record versions" + kFailed},
+    {"parser", "short list", "gamma list lengths" + kFailed},
+    {"parser", "forgets sizes", "gamma list lengths" + kFailed},
+    {"parser", "sizes swapped", "gamma list lengths" + kFailed},
+    {"parser", "code too large", "gamma codes fit depth" + kWarning},
+    {"parser", "codes fall", "gamma codes don't fall" + kWarning},
+    {"parser", "not a number", "PCC numbers finite" + kFailed},
+    {"parser", "writes request", "records left alone" + kFailed},
+    {"parser", "writes envelope", "records left alone" + kFailed},
+    {"parser", "writes answer version", "records left alone" + kFailed},
+    {"parser", "writes list version", "records left alone" + kFailed},
+    {"parser", "writes size", "records left alone" + kFailed},
+    {"parser", "ends once", "ends" + kFailed},
+    {"parser", "starts once", "starts again" + kFailed},
+    {"algo", "", "status 0"},
+    {"algo", "no object", "makes an object" + kFailed},
+    {"algo", "Init fails", "initialises" + kFailed},
+    {"algo", "identity scales", "merges the identity" + kFailed},
+    {"algo", "wrong order", "merges matrices" + kFailed},
+    {"algo", "offset lost", "merges matrices" + kFailed},
+    {"algo", "any merge", "refuses the inexact" + kFailed},
+    {"algo", "unsteady", "same answer twice" + kFailed},
+    {"algo", "own reserved", "reserved bytes" + kWarning},
+    {"algo", "any operation", "unknown operation" + kWarning},
+    {"algo", "writes operands", "records left alone" + kFailed},
+    {"algo", "writes result version", "records left alone" + kFailed},
+};
+
+class ValidateFault : public testing::TestWithParam<FaultCase> {};
+ZEL_TEST_ROWS(ValidateFault, kFaults);
+
+TEST_P(ValidateFault, BreaksOneRule) {
+  const ZelctlRun run = Validate(GetParam().library, GetParam().fault);
+  EXPECT_EQ(Complaints(run), GetParam().complaints) << run.out << run.err;
 }
 
 // Of an answer's blocks, the one at fault, what it costs, and how often.
@@ -153,47 +158,50 @@ TEST(Validate, PrintsWhatTheGuideShows) {
 }
 
 // One line says the cause; the rules after it have results, and JSON is whole.
-TEST(Validate, OutlivesALibraryThatEndsItsProcess) {
-  const struct {
-    const char* library;
-    const char* fault;
-    const char* rule;
-    const char* cause;
-  } cases[] = {
-      {"parser", "crashes in the factory", "makes an object",
-       "killed by signal 11 (SIGSEGV) while calling the factory"},
-      {"parser", "crashes", "initialises", "killed by signal 11 (SIGSEGV) while calling Init"},
-      {"parser", "aborts in a render intent", "render intents",
-       "killed by signal 6 (SIGABRT) while asking for render intent of one (1:1:0)"},
-      {"parser", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
-      {"parser", "hangs in software assets", "software assets",
-       "no answer in " TIMEOUT " s while asking for software assets of one (1:1:0)"},
-      {"parser", "exits", "initialises", "ended the process with status 0 while calling Init"},
-      {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
-      {"parser", "is killed", "software assets",
-       "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
-      {"parser", "closes files", "initialises", "closed files of zelctl's while calling Init"},
-      {"algo", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
-  };
-  for (const auto& test : cases) {
-    SCOPED_TRACE(test.fault);
-    const ZelctlRun run = RunZelctl(
-        "validate --json --timeout " TIMEOUT " --" + std::string(test.library) +
-            " " BAD_LIBRARIES " --arg x",
-        "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + std::string(test.fault) + "'");
-    EXPECT_EQ(run.status, 1);
-    const json report = json::parse(run.out, nullptr, false);
-    ASSERT_TRUE(report.is_object()) << run.out;
-    EXPECT_EQ(report["counts"]["failed"], 1) << run.out;
-    EXPECT_EQ(report["rules"].size(), test.library == std::string("parser") ? 28U : 14U);
-    for (const json& rule : report["rules"]) {
-      if (rule["result"] != "FAILED") continue;
-      EXPECT_EQ(rule["rule"], test.rule);
-      EXPECT_EQ(rule["seen"], test.cause);
-    }
-    if (test.rule == std::string("software assets")) {
-      EXPECT_EQ(report["counts"]["skipped"], 0) << "the rules after it need nothing of it";
-    }
+struct EndCase {
+  std::string library;
+  std::string fault;
+  std::string rule;
+  std::string cause;
+  std::string name = library + " " + fault;
+};
+const EndCase kEnds[] = {
+    {"parser", "crashes in the factory", "makes an object",
+     "killed by signal 11 (SIGSEGV) while calling the factory"},
+    {"parser", "crashes", "initialises", "killed by signal 11 (SIGSEGV) while calling Init"},
+    {"parser", "aborts in a render intent", "render intents",
+     "killed by signal 6 (SIGABRT) while asking for render intent of one (1:1:0)"},
+    {"parser", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
+    {"parser", "hangs in software assets", "software assets",
+     "no answer in " TIMEOUT " s while asking for software assets of one (1:1:0)"},
+    {"parser", "exits", "initialises", "ended the process with status 0 while calling Init"},
+    {"parser", "exits in DeInit", "ends", "ended the process with status 7 while calling DeInit"},
+    {"parser", "is killed", "software assets",
+     "killed by signal 9 (SIGKILL) while asking for software assets of one (1:1:0)"},
+    {"parser", "closes files", "initialises", "closed files of zelctl's while calling Init"},
+    {"algo", "hangs", "initialises", "no answer in " TIMEOUT " s while calling Init"},
+};
+
+class ValidateEnd : public testing::TestWithParam<EndCase> {};
+ZEL_TEST_ROWS(ValidateEnd, kEnds);
+
+TEST_P(ValidateEnd, OfALibrarysProcessIsOutlived) {
+  const EndCase& test = GetParam();
+  const ZelctlRun run = RunZelctl(
+      "validate --json --timeout " TIMEOUT " --" + test.library + " " BAD_LIBRARIES " --arg x",
+      "ASAN_OPTIONS=handle_segv=0:handle_abort=0 FAULT='" + test.fault + "'");
+  EXPECT_EQ(run.status, 1);
+  const json report = json::parse(run.out, nullptr, false);
+  ASSERT_TRUE(report.is_object()) << run.out;
+  EXPECT_EQ(report["counts"]["failed"], 1) << run.out;
+  EXPECT_EQ(report["rules"].size(), test.library == "parser" ? 28U : 14U);
+  for (const json& rule : report["rules"]) {
+    if (rule["result"] != "FAILED") continue;
+    EXPECT_EQ(rule["rule"], test.rule);
+    EXPECT_EQ(rule["seen"], test.cause);
+  }
+  if (test.rule == "software assets") {
+    EXPECT_EQ(report["counts"]["skipped"], 0) << "the rules after it need nothing of it";
   }
 }
 
