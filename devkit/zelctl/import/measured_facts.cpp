@@ -13,7 +13,6 @@ namespace {
 
 using tarn::color::Chromaticity;
 using tarn::color::Ciede2000;
-using tarn::color::Inverse;
 using tarn::color::Mat3;
 using tarn::color::Multiply;
 using tarn::color::Ramp;
@@ -109,7 +108,7 @@ size_t AddGreys(const Colors& colors, const Ends& ends, std::array<Ramp, 3>* cha
   for (size_t i = 0; i < 3; ++i) {
     for (size_t j = 0; j < 3; ++j) primaries[i][j] = ends.primaries[j][i];
   }
-  const Mat3 shares = Inverse(primaries);
+  const Mat3 shares = tarn::color::Inverse(primaries);
   const Vec3 full = Multiply(shares, Without(ends.black, ends.white));
   if (!(full[0] > 0 && full[1] > 0 && full[2] > 0)) return 0;
   constexpr double kApart = 1.0 / 1024;
