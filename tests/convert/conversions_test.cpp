@@ -155,19 +155,6 @@ TEST_P(Conversions, CarryTheirFieldsAndNothingElse) {
   }
 }
 
-// Whatever length a name without a record claims.
-TEST_P(Conversions, GiveARecordToANameWithoutOne) {
-  const Conversion& conversion = GetParam();
-  Parser().blocks = {
-      {.hw_block = conversion.name, .payload = conversion.make_parsers(), .len = 12345}};
-  HwConfigOutputParams output;
-  output.payloads = {{.hw_block = conversion.name, .len = 7}};
-  EXPECT_EQ(Run(velaricolor::kVcModeSwAssets, {}, &output), 0);
-  ASSERT_EQ(output.payloads.size(), 1U);
-  EXPECT_NE(output.payloads[0].payload, nullptr);
-  EXPECT_EQ(output.payloads[0].len, 12345U);
-}
-
 TEST_P(Conversions, RefuseEntriesWithoutVersionOrRecord) {
   const Conversion& conversion = GetParam();
   for (const uint32_t version : {55U, 56U}) {

@@ -20,7 +20,6 @@
 #include "pcc/pcc_merge.h"
 #include "plugin/names.h"
 #include "tests/support/bytes.h"
-#include "tests/support/plugin_host.h"
 
 namespace {
 
@@ -148,16 +147,6 @@ TEST(Contract, AttributesLieWhereTheOtherSideReadsThem) {
   EXPECT_EQ(offset(std::get<1>(attribute)), 24);
   EXPECT_EQ(offset(std::get<2>(attribute).first), 32);
   EXPECT_EQ(offset(std::get<2>(attribute).second), 40);
-}
-
-// What the plug-in itself sends, padding included, is looked at where it arrives.
-class Arrivals : public PluginTest {};
-
-TEST_F(Arrivals, ModesReachTheHostWithoutRubbish) {
-  Start();
-  velaricolor::ColorModeList list;
-  ASSERT_EQ(Get(1, &list), 0);
-  EXPECT_EQ(WordsOf(list.modes.at(0)), (Words{1, 2, 3, 0}));
 }
 
 }  // namespace
