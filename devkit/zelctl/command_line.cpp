@@ -75,6 +75,22 @@ void RefuseValuesOfFlags(CLI::App& app) {
   for (auto* command : app.get_subcommands({})) RefuseValuesOfFlags(*command);
 }
 
+// "--panel= modes" would take the next word for the value.
+void RefuseEmptyValues(CLI::App& app, int argc, char** argv) {
+  std::vector<CLI::App*> owners = app.get_subcommands({});
+  owners.push_back(&app);
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    if (!word.starts_with("--") || !word.ends_with("=")) continue;
+    const std::string name = word.substr(0, word.size() - 1);
+    for (const CLI::App* owner : owners) {
+      const auto* option = owner->get_option_no_throw(name);
+      if (option == nullptr || option->get_expected_max() == 0) continue;
+      throw UsageError(name + " needs " + option->get_type_name());
+    }
+  }
+}
+
 }  // namespace
 
 int RunCommandLine(int argc, char** argv) {
@@ -103,6 +119,7 @@ int RunCommandLine(int argc, char** argv) {
   AddValidateCommand(app, globals);
   AddImportCommand(app, globals);
   RefuseValuesOfFlags(app);
+  RefuseEmptyValues(app, argc, argv);
 
   try {
     app.parse(argc, argv);

@@ -52,9 +52,10 @@ inline constexpr const char* kRenderHelp =
     "1/255), the factors of R, G and B, and the seven higher-order terms t4 to t10.\n"
     "\n"
     "The input picture holds the mode's signal. A file that states another gamma than sRGB's is\n"
-    "converted to sRGB's first. The output picture holds what the panel is driven with after\n"
-    "the last call: on the panel itself, without colour management, it looks like the mode. So\n"
-    "its file states no gamma and no colour space. 8 bits stay 8 and 16 stay 16; alpha is kept.\n"
+    "converted to sRGB's first; a profile in it is not looked at. The output picture holds what\n"
+    "the panel is driven with after the last call: on the panel itself, without colour\n"
+    "management, it looks like the mode. So its file states no gamma and no colour space.\n"
+    "8 bits stay 8 and 16 stay 16; alpha is kept.\n"
     "At the default table sizes the darkest codes become black, as they do on a device; with\n"
     "--igc-bits 16 they stay apart.";
 

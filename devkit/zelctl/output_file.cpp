@@ -74,6 +74,7 @@ std::string_view RequireEnding(const std::string& path,
 }
 
 void WriteOutput(const std::string& path, std::string_view bytes) {
+  if (path == "-") throw UsageError("can't write -: standard output is /dev/stdout");
   const int failure = WriteOrReplace(path, bytes);
   if (failure == 0) return;
   throw UsageError("can't write " + NameText(path) + ": " + std::strerror(failure));

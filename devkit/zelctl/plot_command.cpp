@@ -7,6 +7,7 @@
 #include "devkit/reference/panel/read_panel.h"
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
+#include "devkit/zelctl/kept_inputs.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/own_panel.h"
@@ -90,6 +91,7 @@ GamutDiagram ReadGamutDiagram(const std::string& path, const velaricolor::ColorM
 void RunPlot(const GlobalOptions& globals, const PlotArguments& arguments) {
   if (globals.json) throw UsageError("plot takes no --json: it prints nothing");
   const bool svg = RequireEnding(arguments.output, {kSvg, kPng}) == kSvg;
+  KeepInputs(arguments.output, globals, arguments.options);
   if (HasGamut(arguments.kind)) {
     RequireOwnPanel(globals, "the gamut; --what curves and --what pcc need none");
   }

@@ -7,6 +7,7 @@
 
 #include "devkit/zelctl/block_report.h"
 #include "devkit/zelctl/commands.h"
+#include "devkit/zelctl/kept_inputs.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/pcc_report.h"
@@ -61,6 +62,7 @@ void RunRender(const GlobalOptions& globals, const RenderArguments& arguments) {
   std::optional<Picture> picture;
   if (arguments.image) {
     RequireEnding(arguments.image_output, {".png"});
+    KeepInputs(arguments.image_output, globals, arguments.options, *arguments.image);
     picture = ReadPng(*arguments.image);
   }
   HostSession session(globals.session);

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/render_options.h"
 
+#include <filesystem>
 #include <iostream>
+#include <utility>
 
 #include "devkit/zelctl/input.h"
 
@@ -14,6 +16,17 @@ double ParseDimming(const std::string& text) {
               << (factor < 0 ? "negative light is shown as none" : "it brightens") << '\n';
   }
   return factor;
+}
+
+std::string SettingsText(const RenderOptions& options) {
+  std::string text;
+  for (const auto& [what, value] :
+       {std::pair("colour transform", options.color_transform_text),
+        {"LTM", std::filesystem::path(options.ltm_path).filename().string()},
+        {"dimming", options.dimming_text}}) {
+    if (!value.empty()) text += (text.empty() ? "" : ", ") + std::string(what) + " " + value;
+  }
+  return text;
 }
 
 void ApplySizesAndNotifications(const RenderOptions& options, HostSession* session) {

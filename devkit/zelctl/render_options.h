@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// What `render` and `plot` set on the plug-in before they render.
+// What the commands that render a mode set on the plug-in first.
 #pragma once
 
 #include <optional>
@@ -36,7 +36,15 @@ struct RenderOptions {
   std::optional<velaricolor::ColorTransformMatrix> color_transform;
   std::optional<velaricolor::PccPostBlendConfig> ltm;
   std::optional<double> dimming;
+
+  // The colour settings as the user wrote them; empty: not given.
+  std::string color_transform_text;
+  std::string ltm_path;
+  std::string dimming_text;
 };
+
+// "colour transform night:3400, LTM ltm.json, dimming 0.6", or empty.
+std::string SettingsText(const RenderOptions& options);
 
 // A factor on all light. Says so on standard error where it is none that dims; the plug-in
 // takes any. Throws UsageError for what is no number.

@@ -10,6 +10,7 @@
 #include "devkit/zelctl/commands.h"
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/input.h"
+#include "devkit/zelctl/kept_inputs.h"
 #include "devkit/zelctl/mode_selection.h"
 #include "devkit/zelctl/output_file.h"
 #include "devkit/zelctl/own_panel.h"
@@ -36,6 +37,9 @@ void CheckArguments(const GlobalOptions& globals, const ReportArguments& argumen
   if (arguments.output) RequireEnding(*arguments.output, {".html", ".htm"});
   if (arguments.patches) RequireEnding(*arguments.patches, {".ti1"}, "--patches");
   if (arguments.measured) RequireReadable(*arguments.measured, "measurements");
+  for (const auto& output : {arguments.output, arguments.patches}) {
+    if (output) KeepInputs(*output, globals, arguments.options, arguments.measured.value_or(""));
+  }
   if (arguments.modes.size() == 1) return;
   for (const auto& [given, name] : {std::pair(arguments.patches.has_value(), "--patches"),
                                     std::pair(arguments.measured.has_value(), "--measured")}) {

@@ -23,6 +23,15 @@ std::string ErrorText(const SamplingError& error) {
   return "largest " + FixedText(error.largest, 2) + ", mean " + FixedText(error.mean, 3);
 }
 
+bool ClfHolds(const ExportedMode& mode) {
+  try {
+    WriteClf(mode, {});
+    return true;
+  } catch (const UsageError&) {
+    return false;
+  }
+}
+
 }  // namespace
 
 ExportedFile WriteCube(const ExportedMode& mode, const FormatOptions& options) {
@@ -54,7 +63,8 @@ ExportedFile WriteCube(const ExportedMode& mode, const FormatOptions& options) {
   const double largest = std::max(errors.tetrahedral.largest, errors.trilinear.largest);
   if (largest >= kBadError) {
     file.warning = "a cube of " + std::to_string(size) + " shows this mode up to " +
-                   FixedText(largest, 0) + " codes of 8 bits off; --format clf is exact";
+                   FixedText(largest, 0) + " codes of 8 bits off; --format " +
+                   (ClfHolds(mode) ? "clf" : "json") + " is exact";
     file.bytes += "# Warning: " + file.warning + "\n";
   }
   file.bytes += "LUT_3D_SIZE " + std::to_string(size) + "\nDOMAIN_MIN 0 0 0\nDOMAIN_MAX 1 1 1\n";

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 #include "devkit/zelctl/export/export_format.h"
 
+#include <strings.h>
+
 #include <algorithm>
 #include <array>
 #include <cstdio>
@@ -25,8 +27,9 @@ constexpr auto kReplace = Json::error_handler_t::replace;
 }  // namespace
 
 std::string ExportedMode::Title() const {
-  const std::string title =
+  std::string title =
       "mode " + mode.label + " of panel " + std::filesystem::path(panel_path).stem().string();
+  if (!settings.empty()) title += ", " + settings;
   // What is no UTF-8 is replaced.
   return Json::parse(Json(OneLine(title)).dump(-1, ' ', false, kReplace)).get<std::string>();
 }
@@ -64,6 +67,18 @@ void RefuseOtherFormatsOptions(const ExportFormat& format, const FormatOptions& 
     if (is_set && owner != format.name) {
       throw UsageError(std::string(option) + " belongs to --format " + std::string(owner));
     }
+  }
+}
+
+void RefuseOtherFormatsEnding(const ExportFormat& format, const std::string& path) {
+  const std::string ending = std::filesystem::path(path).extension().string();
+  for (const ExportFormat& other : kFormats) {
+    if (&other == &format ||
+        strcasecmp(ending.c_str(), (std::string(".") + other.name).c_str()) != 0) {
+      continue;
+    }
+    throw UsageError("--output: " + path + " ends as files of --format " + other.name +
+                     " do, not " + format.name);
   }
 }
 

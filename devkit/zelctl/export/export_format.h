@@ -18,11 +18,11 @@ namespace zelctl {
 struct ExportedMode {
   std::string panel_path;  // its description
   velaricolor::ColorMode mode;
-  bool has_settings = false;  // colour transform, LTM or dimming
-  Json blocks;                // every block, tables in full
+  std::string settings;  // SettingsText
+  Json blocks;           // every block, tables in full
   BlockPipeline pipeline;
 
-  // "mode srgb of panel phone-oled", one line of valid UTF-8.
+  // "mode srgb of panel phone-oled, dimming 0.6", one line of valid UTF-8.
   std::string Title() const;
   // A word that changes with the contents of the blocks.
   std::string Id() const;
@@ -51,5 +51,8 @@ const ExportFormat& FindExportFormat(const std::string& name);
 
 // Throws UsageError where an option is set that the format doesn't have.
 void RefuseOtherFormatsOptions(const ExportFormat& format, const FormatOptions& options);
+
+// Throws UsageError where `path` ends as another format's files do: programs go by that.
+void RefuseOtherFormatsEnding(const ExportFormat& format, const std::string& path);
 
 }  // namespace zelctl

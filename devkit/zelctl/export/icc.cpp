@@ -12,6 +12,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/export/formats.h"
 #include "devkit/zelctl/export/panel_of_mode.h"
+#include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
 namespace {
@@ -95,8 +96,12 @@ ToneCurve MakeCurve(const Panel& panel, size_t channel) {
 cmsCIExyY At(const tarn::color::Chromaticity& c) { return {c.x, c.y, 1}; }
 
 void WriteText(void* profile, cmsTagSignature tag, const std::string& text) {
+  // What Little CMS writes as it is: UTF-16 without pairs, and ASCII before version 4.
+  const char32_t largest = cmsGetProfileVersion(profile) < 4 ? U'~' : U'\uFFFF';
+  std::wstring wide;
+  for (const char32_t c : Characters(text)) wide += static_cast<wchar_t>(c <= largest ? c : U'?');
   const Text record(cmsMLUalloc(nullptr, 1));
-  Require(record != nullptr && cmsMLUsetASCII(record.get(), "en", "US", text.c_str()) != 0 &&
+  Require(record != nullptr && cmsMLUsetWide(record.get(), "en", "US", wide.c_str()) != 0 &&
               cmsWriteTag(profile, tag, record.get()) != 0,
           "a text");
 }
@@ -110,7 +115,7 @@ std::string Bytes(void* profile) {
 }
 
 // The primaries' colorants are adapted to D50 by Bradford; "chad" takes them there.
-std::string MakeProfile(const Panel& panel, const std::string& title, bool version4) {
+std::string MakeProfile(const Panel& panel, bool version4) {
   const cmsCIExyY white = At(panel.primaries.white);
   const cmsCIExyYTRIPLE primaries = {At(panel.primaries.red), At(panel.primaries.green),
                                      At(panel.primaries.blue)};
@@ -120,7 +125,7 @@ std::string MakeProfile(const Panel& panel, const std::string& title, bool versi
   const Profile profile(cmsCreateRGBProfile(&white, &primaries, rgb));
   Require(profile != nullptr, "the primaries");
   cmsSetProfileVersion(profile.get(), version4 ? 4.3 : 2.4);
-  WriteText(profile.get(), cmsSigProfileDescriptionTag, title);
+  WriteText(profile.get(), cmsSigProfileDescriptionTag, panel.name);
   WriteText(profile.get(), cmsSigCopyrightTag, "No copyright, use freely");
   const cmsCIEXYZ luminance = {0, panel.luminance.peak, 0};
   Require(cmsWriteTag(profile.get(), cmsSigLuminanceTag, &luminance) != 0, "the luminance");
@@ -161,7 +166,7 @@ bool ReadVersion4(const FormatOptions& options) {
 
 ExportedFile WriteIcc(const ExportedMode& mode, const FormatOptions& options) {
   const bool version4 = ReadVersion4(options);
-  if (mode.has_settings) {
+  if (!mode.settings.empty()) {
     throw UsageError(
         "icc describes the panel itself: it takes no colour transform, LTM and dimming");
   }
@@ -171,7 +176,7 @@ ExportedFile WriteIcc(const ExportedMode& mode, const FormatOptions& options) {
                      " asks for other colours than the panel's own; take a mode without a "
                      "target, as native is");
   }
-  return {MakeProfile(panel, mode.Title(), version4), {}};
+  return {MakeProfile(panel, version4), {}};
 }
 
 }  // namespace zelctl

@@ -8,6 +8,7 @@
 #include "devkit/zelctl/errors.h"
 #include "devkit/zelctl/import/line_text.h"
 #include "devkit/zelctl/import/transfer_form.h"
+#include "devkit/zelctl/suggestion.h"
 #include "devkit/zelctl/text_width.h"
 
 namespace zelctl {
@@ -118,6 +119,7 @@ std::string Joined(const std::vector<std::string>& parts) {
 
 void CheckOptions(const ImportOptions& options) {
   if (options.name && !IsUtf8(*options.name)) throw UsageError("--name: it is no UTF-8");
+  if (options.name && options.name->empty()) throw UsageError("--name: it is empty");
   std::vector<std::string> names(kTargets.size());
   std::transform(kTargets.begin(), kTargets.end(), names.begin(),
                  [](const Target& target) { return target.name; });
@@ -126,7 +128,8 @@ void CheckOptions(const ImportOptions& options) {
       throw UsageError("--targets: '" + name + "' is named twice");
     }
     if (FindTarget(name) != nullptr) continue;
-    throw UsageError("--targets: no target '" + name + "'; there are " + Joined(names));
+    throw UsageError("--targets: no target '" + name + "'" +
+                     DidYouMean(name, names, "there are", Joined(names)));
   }
   try {
     if (options.transfer) ParseTransfer(*options.transfer);
@@ -151,7 +154,7 @@ Json Describe(const ImportOptions& options, PanelFacts* facts) {
   if (!options.bit_depth) missing.emplace_back("the depth of the panel's signal (--bit-depth)");
   const Json transfer = Transfer(options, &missing, facts);
   if (!missing.empty()) {
-    throw UsageError("it does not say, so say with an option: " + Joined(missing));
+    throw UsageError("not in the file, so give it by an option: " + Joined(missing));
   }
 
   const auto& primaries = facts->primaries;

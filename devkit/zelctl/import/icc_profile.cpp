@@ -4,6 +4,7 @@
 #include <lcms2.h>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <memory>
 #include <type_traits>
@@ -96,10 +97,15 @@ Ramp Curve(const cmsToneCurve& curve) {
 }
 
 std::string Description(const Profile& profile) {
-  constexpr cmsUInt32Number kLongest = 128;
-  std::array<char, kLongest> text = {};
-  cmsGetProfileInfoASCII(profile.Get(), cmsInfoDescription, "en", "US", text.data(), kLongest - 1);
-  return PlainText(text.data());
+  constexpr size_t kLongest = 128;
+  std::array<wchar_t, kLongest> wide = {};
+  cmsGetProfileInfo(profile.Get(), cmsInfoDescription, "en", "US", wide.data(),
+                    sizeof(wide) - sizeof(wchar_t));
+  std::string text;
+  for (const wchar_t* c = wide.data(); *c != 0; ++c) {
+    text += *c > 0 && *c < 0x80 ? static_cast<char>(*c) : '?';
+  }
+  return PlainText(text);
 }
 
 // Refuses what is no matrix/TRC profile of a display.

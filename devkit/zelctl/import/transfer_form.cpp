@@ -152,7 +152,7 @@ Json ParseTransfer(const std::string& text) {
     if (exponent >= 1 && exponent <= 4) return {{"gamma", exponent}};
   } catch (const UsageError&) {  // told below
   }
-  throw UsageError("expected linear, srgb or an exponent from 1 to 4");
+  throw UsageError("expected linear, srgb or an exponent from 1 to 4, not '" + text + "'");
 }
 
 }  // namespace zelctl

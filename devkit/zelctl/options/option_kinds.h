@@ -16,9 +16,9 @@ CLI::Validator WholeNumber(uint32_t low, uint32_t high);
 
 // An option whose text `parse` turns into a value; its complaint names the option.
 template <typename Value, typename T>
-void AddParsedOption(CLI::App& command, const std::string& name, Value* value, const char* type,
-                     T (*parse)(const std::string&), const char* help) {
-  command
+CLI::Option* AddParsedOption(CLI::App& command, const std::string& name, Value* value,
+                             const char* type, T (*parse)(const std::string&), const char* help) {
+  return command
       .add_option_function<std::string>(
           name,
           [=](const std::string& text) {

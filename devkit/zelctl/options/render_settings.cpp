@@ -23,14 +23,22 @@ void AddTableSize(CLI::App& command, TableSize* size) {
       ->type_name("N");
 }
 
+// Keeps an option's text beside its value.
+auto Kept(std::string* text) {
+  return [text](const std::string& given) { *text = given; };
+}
+
 }  // namespace
 
 void AddRenderOptions(CLI::App& command, RenderOptions* options) {
   AddParsedOption(command, "--color-transform", &options->color_transform, "TRANSFORM",
-                  ParseColorTransform, kColorTransformHelp);
-  AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp);
+                  ParseColorTransform, kColorTransformHelp)
+      ->each(Kept(&options->color_transform_text));
+  AddParsedOption(command, "--ltm", &options->ltm, "FILE", ReadLtmFile, kLtmHelp)
+      ->each(Kept(&options->ltm_path));
   AddParsedOption(command, "--dimming", &options->dimming, "F", ParseDimming,
-                  "Factor on the whole PCC block");
+                  "Factor on the whole PCC block")
+      ->each(Kept(&options->dimming_text));
   for (TableSize* size : {&options->igc, &options->gc, &options->gamut}) {
     AddTableSize(command, size);
   }

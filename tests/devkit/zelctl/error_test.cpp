@@ -30,6 +30,11 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   const std::string self = NewPath("self");
   std::filesystem::create_symlink(self, self);
+  const std::string unit =
+      WriteFile("unit.json", R"({"r": [0, 1, 0, 0], "g": [0, 0, 1, 0], "b": [0, 0, 0, 1]})");
+  const std::string picture = NewPath("link.png");
+  std::filesystem::create_symlink(SAMPLE_PICTURE, picture);
+  const std::string read = ": it is one of the files to read";
   const std::string image = "render 0 --image " SAMPLE_PICTURE " -o ";
   const std::string no_mode = "; valid modes: 0 srgb (1:2:3), 1 twin (4:5:0), 2 twin (4:5:1)";
   const struct {
@@ -41,6 +46,7 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
       {"", "which subcommand? See zelctl --help"},
       {"render", "MODE is required"},
       {"modes --json=no", "--json takes no value"},
+      {"--panel= modes", "--panel needs PATH"},
       {"render 0 --from", "--from needs MODE"},
       {"render 0 --imge in.png -o " + png, "no option '--imge'; did you mean '--image'?"},
       {"render 0 --gc-bits 1 --gc-bits 2", "--gc-bits is given more than once"},
@@ -49,13 +55,24 @@ TEST(Error, IsToldInOneLineAndLeavesFilesAsTheyAre) {
       {"export 0 --format cube --size -1 -o " + png,
        "--size: '-1' is not a whole number from 0 to 4294967295"},
       {"export 0 --format csv -o ''", "can't write '': No such file or directory"},
+      {"export 0 --format csv -o -", "can't write -: standard output is /dev/stdout"},
+      {"export 0 --format csv -o x.CLF",
+       "--output: x.CLF ends as files of --format clf do, not csv"},
+      {"export 0 --format json -o " + unit + " --ltm " + unit, "can't write " + unit + read},
+      {"export 0 --format json -o " + unit + " --panel " + unit, "can't write " + unit + read},
+      {"render 0 --image " SAMPLE_PICTURE " -o " + picture, "can't write " + picture + read},
       {"export 0 --format csv -o " + self,
        "can't write " + self + ": Too many levels of symbolic links"},
       {"report 0 --patches a.html", "--patches: a.html must end in .ti1"},
       {"import a.ti3 -o a.json --bit-depth 5",
        "--bit-depth: '5' is not a whole number from 6 to 16"},
       {"import a.ti3 -o a.json --targets srgb,srgb", "--targets: 'srgb' is named twice"},
+      {"import a.ti3 -o a.json --targets sgrb",
+       "--targets: no target 'sgrb'; did you mean 'srgb'? (there are: srgb, display_p3, dcip3, "
+       "bt2020_hlg, bt2020_st2084)"},
       {"import a.ti3 -o a.json --name $(printf '\\377')", "--name: it is no UTF-8"},
+      {"import a.ti3 -o a.json --name ''", "--name: it is empty"},
+      {"import a.ti3 -o a.json", "import takes no --panel: it calls no library"},
       {"modes caps", "nothing takes 'caps'"},
       {"help", "no command 'help'; see zelctl --help"},
       {"modes --panel /nowhere", "can't read panel /nowhere: No such file or directory"},

@@ -81,12 +81,20 @@ class Help(unittest.TestCase):
             ("zelctl report display_p3 --pat", {"--patches"}),
             ("zelctl validate --time", {"--timeout"}),
             ("zelctl import --targets disp", {"display_p3"}),
+            ("zelctl import --targets srgb,dc", {"srgb,dcip3"}),
+            ("zelctl export native --icc-version ''", {"2", "4"}),
+            ("zelctl render srgb --from v", {"vivid"}),
+            ("zelctl render srgb --from ''", {"native", "srgb", "display_p3", "dcip3", "bt2020_hlg",
+                                              "bt2020_st2084", "vivid"}),
+            (f"zelctl --panel = {SOURCE}/devkit/panels/odd.json render pap",
+             {"paper", "paper_exact"}),
+            ("zelctl export srgb --format = cl", {"clf"}),
             ("zelctl render srgb --stri", {"--strict"}),
         ]
         for line, expected in cases:
-            words = line.split()
+            words = line.replace("''", "").split(" ")
             script = (f"source {SOURCE}/devkit/zelctl/completion/zelctl; "
-                      f"COMP_WORDS=({' '.join(words)}); COMP_CWORD={len(words) - 1}; "
+                      f"COMP_WORDS=({line}); COMP_CWORD={len(words) - 1}; "
                       f"_zelctl zelctl '{words[-1]}' '{words[-2]}'; printf '%s\\n' \"${{COMPREPLY[@]}}\"")
             with tempfile.TemporaryDirectory() as folder:
                 program = pathlib.Path(folder) / "zelctl"

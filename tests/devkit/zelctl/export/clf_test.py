@@ -72,8 +72,12 @@ class Clf(Case):
         description = copy.deepcopy(PANELS["lcd-srgb"])
         description["modes"][1]["label"] = label = "<\"1\" & 'ü'>"
         self.add_panel("names", description)
-        path = self.same_picture("names", "1:1:0")
-        self.assertEqual(xml.parse(path).getroot().get("name"), f"mode {label} of panel names")
+        for options, said in ((), ""), (
+                ("--dimming", "0.5", "--color-transform", "night:3400"),
+                ", colour transform night:3400, dimming 0.5"):
+            path = self.same_picture("names", "1:1:0", *options)
+            self.assertEqual(xml.parse(path).getroot().get("name"),
+                             f"mode {label} of panel names{said}")
 
     def test_higher_terms_are_refused_by_name(self):
         ltm = self.folder / "ltm.json"

@@ -51,6 +51,11 @@ class Cube(Case):
         self.nodes_are_exact(path, Chain(self.export("odd", "paper_exact", "json")[0]), 6)
         self.assertIn("--format clf is exact", said)
         self.assertEqual(self.export("phone-oled", "srgb", "cube", "--size", "33")[1], "")
+        ltm = self.folder / "ltm.json"  # clf can't hold its R*G
+        ltm.write_text('{"r": [0, 1, 0, 0, 0.1, 0, 0, 0, 0, 0, 0], "g": [0, 0, 1, 0], '
+                       '"b": [0, 0, 0, 1]}')
+        said = self.export("odd", "paper", "cube", "--size", "6", "--ltm", str(ltm))[1]
+        self.assertIn("--format json is exact", said)
 
     @needs("ffmpeg")
     @needs_ocio

@@ -31,6 +31,7 @@ class Icc(Case):
     def setUp(self):
         super().setUp()
         ramps = copy.deepcopy(PANELS["lcd-srgb"])
+        ramps["name"] = "Größe 面板"
         ramps["panel"]["transfer"] = {"ramp": RAMPS, "full_scale": 255}
         linear = copy.deepcopy(PANELS["odd"])
         linear["panel"]["transfer"] = "linear"
@@ -51,6 +52,9 @@ class Icc(Case):
                     self.assertLess(found.max(), 0.02)
                     profile = ImageCms.ImageCmsProfile(str(path)).profile
                     self.assertEqual(int(profile.version), int(version))
+                    text = description["name"].encode("utf-8" if version == "4" else "ascii",
+                                                      "replace").decode()
+                    self.assertEqual(profile.profile_description, text)
                     self.assertEqual(profile.device_class, "mntr")
                     self.assertAlmostEqual(profile.luminance[0][1], panel.peak, delta=1e-4)
                     d50 = [0.9642, 1, 0.8249]

@@ -58,8 +58,9 @@ class Case(unittest.TestCase):
         (self.folder / f"{name}.json").write_text(json.dumps(description))
 
     def zelctl(self, panel, *arguments):
-        return subprocess.run([*ZELCTL, "--panel", str(self.folder / f"{panel}.json"), *arguments],
-                              capture_output=True, text=True, check=False)
+        own = ["--panel", str(self.folder / f"{panel}.json")] if panel else []
+        return subprocess.run([*ZELCTL, *own, *arguments], capture_output=True, text=True,
+                              check=False)
 
     def export(self, panel, mode, kind, *options):
         """The file's path, and what was said."""

@@ -50,11 +50,13 @@ class Icc(ImportCase):
     def test_there_and_back(self):
         signals = np.repeat(np.linspace(0, 1, 4096)[:, None], 3, axis=1)
         for name, original in PANELS.items():
+            self.add_panel(name, {**original, "name": original["name"] + " 面"})
             for version in "2", "4":
                 with self.subTest(panel=name, version=version):
                     path, _ = self.export(name, "native", "icc", "--icc-version", version)
                     found, _ = self.imported(path, "--bit-depth", "10", *(
                         ("--black", "0") if (name, version) == ("phone-oled", "4") else ()))
+                    self.assertEqual(found["name"], original["name"] + " ?")
                     one, other = original["panel"], found["panel"]
                     for colour in "red", "green", "blue":
                         np.testing.assert_allclose(other["primaries"][colour],
@@ -148,7 +150,7 @@ class Icc(ImportCase):
                           description["panel"]["bit_depth"]), ("its name", "srgb", 6))
         self.assertAlmostEqual(description["panel"]["luminance"]["black"], 0.4, delta=0.004)
         self.assertIn("peak: 400 cd/m2, by --peak; the file says 200", lines)
-        said = self.zelctl("odd", "import", str(path), "-o", "/dev/null", "--bit-depth", "6",
+        said = self.zelctl(None, "import", str(path), "-o", "/dev/null", "--bit-depth", "6",
                            "--json").stdout
         self.assertIn('"peak: 200 cd/m2"', said)
 
@@ -198,13 +200,13 @@ class Icc(ImportCase):
             with self.subTest(said=said):
                 self.refused(self.written("made.icc", content), said, *EVERYTHING)
         made = self.written("made.icc", profile(tags))
-        self.refused(made, "so say with an option: peak (--peak), black (--black), the depth of "
-                           "the panel's signal (--bit-depth)")
+        self.refused(made, "so give it by an option: peak (--peak), black (--black), the depth "
+                           "of the panel's signal (--bit-depth)")
         self.refused(made, "--peak: '-1' is not from 1 to 10000", "--peak", "-1")
         self.refused(made, "--black: '101' is not from 0 to 100", "--black", "101")
-        self.refused(made, "--targets: no target 'p3'; there are srgb, ", "--targets", "srgb,p3")
+        self.refused(made, "--targets: no target 'p3'; there are: srgb, ", "--targets", "srgb,p3")
         self.refused(made, "--transfer: expected linear, srgb or an exponent", "--transfer", "0.5")
-        done = self.zelctl("odd", "import", str(made), "-o", str(made), *EVERYTHING)
+        done = self.zelctl(None, "import", str(made), "-o", str(made), *EVERYTHING)
         self.assertEqual((done.returncode, made.read_bytes()), (2, profile(tags)))
 
 

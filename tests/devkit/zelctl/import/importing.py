@@ -28,7 +28,7 @@ class ImportCase(Case):
         """The file that was to be written, and how the run ended."""
         output = self.folder / "imported.json"
         output.unlink(missing_ok=True)
-        return output, self.zelctl("phone-oled", "import", str(path), "-o", str(output), *options)
+        return output, self.zelctl(None, "import", str(path), "-o", str(output), *options)
 
     def imported(self, path, *options):
         """The description, and what was said."""

@@ -106,7 +106,7 @@ class Ti3(ImportCase):
             found, _ = self.imported(path, "--bit-depth", "8", *options)
             self.assertLess(differences(Panel(PANELS["odd"]), Panel(found)).max(), 0.35)
             if options:
-                self.refused(path, "so say with an option: peak (--peak)", "--bit-depth", "8")
+                self.refused(path, "so give it by an option: peak (--peak)", "--bit-depth", "8")
 
     def test_noise_and_what_is_said_of_it(self):
         """Repeats are averaged, dark greys that fall are evened out, residuals are true."""
@@ -165,7 +165,7 @@ class Ti3(ImportCase):
                 (table(rows, scale=50), "the largest device value should be that of full signal: 1, 100"),
                 (without((1, 1, 1)), "no full white was measured (RGB 100 100 100 %)"),
                 (without((0, 0, 1)), "no full blue was measured (RGB 0 0 100 %)"),
-                (without((0, 0, 0)), "so say with an option: black (--black)"),
+                (without((0, 0, 0)), "so give it by an option: black (--black)"),
                 (absolute(falling), "greys: light falls by more than 2 % of its range, near"),
                 (absolute([(s, xyz * 1e-3) for s, xyz in rows]), "luminance.peak: expected"),
                 (absolute([(s, xyz * (2, 1, 0.2)) for s, xyz in rows[:2]] + rows[2:]), "$.panel.white"),
