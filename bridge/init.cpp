@@ -40,8 +40,8 @@ int ZelTarnImpl::Init(const std::string& arg) {
 }
 
 // Starts the thread, waits for it and joins it. Returns its status, or -22 when
-// it can't be started. What left the parser as an exception on the thread comes out
-// here; then no library object and no mode is left, and the libraries stay open.
+// it can't be started. Throws what the parser threw on the thread; then no library
+// object and no mode is left, and the libraries stay open.
 int ZelTarnImpl::RunStartUpThread(const std::string& arg) {
   mode_parser_status_ = kOk;
   mode_parser_done_ = false;

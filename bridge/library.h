@@ -2,9 +2,9 @@
 
 // Everything that the author of a mode parser or of an algorithm library includes: both
 // interfaces with their factories, the envelope, the ids that the plug-in sends, and
-// every record on the libraries' side. All of it is in namespace tarn, but for the block
-// names and result codes, which are velaricolor's, for what both sides share: that is in
-// zeltarn, and for pcc_coeff_data, which is in none.
+// every record on the libraries' side. Nearly all of it is in namespace tarn. The block
+// names and result codes are in velaricolor, what both sides share is in zeltarn, and
+// pcc_coeff_data is in no namespace.
 //
 // C++17 or later, libc++, 64 bits. Terms: docs/glossary.md.
 //
@@ -24,12 +24,12 @@
 //   "PostBlendHdrBlob"   HdrBlobPostBlendConfig       32
 //   "PostBlendGameBlob"  GameBlobPostBlendConfig      32
 //
-// A block of any other name, the other names of plugin/names.h included, ends the
-// list: it and the blocks after it don't reach the host.
+// A block of any other name ends the list, also one with another name of
+// plugin/block_names.h: that block and those after it don't reach the host.
 //
-// Part of the contract, however odd, and to be left as it is: pcc_coeff_data, its
-// spelling and that it stands outside every namespace; kVersion of ColorModeList, which
-// is 96, though the record has 32 bytes.
+// Some odd things are part of the contract and stay: the spelling of pcc_coeff_data and
+// its place outside every namespace; kVersion of ColorModeList, which is 96 although the
+// record has 32 bytes.
 #pragma once
 
 #include "bridge/tarn_intf.h"

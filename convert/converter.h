@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// The contract that all block converters share, once. A converter adds its
-// record and its copy; the two gamma converters a precondition too.
+// The contract that all block converters share. Each converter adds its record and its
+// copy; the two gamma converters also add a precondition.
 #pragma once
 
 #include <memory>
@@ -28,10 +28,10 @@ void MakeRoomFor(size_t size, List* list) {
 
 // Converts the typed record of `in` into that of `out`, in place where `out` has
 // one already (of the same block: its owner made it for the same name), and logs
-// under `function`. `out` bears the block's name, found by it or made with it. Up to
-// and including the precondition a refusal leaves `out` as it was, and so does running
-// out of memory: a new record joins it when it is filled, and one that is kept has room
-// before the first write.
+// under `function`. `out` has the block's name. If the precondition or a check
+// before it refuses, `out` stays as it was. It also does when memory runs out: a new
+// record joins `out` only when it is filled, and a record that is kept gets room before
+// the first write.
 //   precondition(from)   0, or the result of the refused call
 //   make()               a new record in shared ownership, blank but for what copy fills
 //   make_room(from, to)  capacity in a record that is kept

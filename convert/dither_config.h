@@ -18,7 +18,7 @@ struct alignas(8) DitherPostBlendConfig {
   uint32_t version = kVersion;
   bool enable = false;
   std::array<uint8_t, 3> padding = {};
-  std::array<uint8_t, 88> params;  // inner layout: between parser and host
+  std::array<uint8_t, 88> params;  // parser and host agree on the inner layout
 };
 
 // As large as the gamma record: only the block name tells the two apart.

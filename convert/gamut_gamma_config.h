@@ -12,8 +12,8 @@
 
 namespace zeltarn::layout {
 
-// 3D look-up table of the gamut mapping. Its inner layout is defined between
-// the mode parser and the host.
+// 3D look-up table of the gamut mapping. Mode parser and host agree on its
+// inner layout.
 template <typename Side>
 struct alignas(8) GamutPostBlendConfig {
   static constexpr uint32_t kVersion = 117936;

@@ -13,17 +13,17 @@
 
 namespace zeltarn::layout {
 
-// Named entries, each a name, a flag and a pair of signed 64-bit numbers. Passed
-// through. An element's layout is part of the contract: 48 bytes, the name at
+// Named entries, each a name, a flag and a pair of signed 64-bit numbers. The
+// plug-in passes them through. An element's layout is part of the contract: 48 bytes, the name at
 // offset 0, the flag at 24, the pair at 32.
 using HwAttribute = std::tuple<std::string, bool, std::pair<long, long>>;
 using HwAttributes = std::vector<HwAttribute>;
 ZEL_PIN(sizeof(long) == 8 && sizeof(HwAttribute) == 48 && alignof(HwAttribute) == 8,
         "HwAttribute changed");
 
-// Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. Towards the host
-// `version` is not looked at; towards the parser it is the version of the
-// block's typed record, 88 (gamma, inverse gamma) or 117936 (gamut).
+// Record of kVcPostBlend{Gamut,Gamma,InverseGamma}HwConfig. The plug-in doesn't look at
+// the `version` that a host gives. The parser gets the version of the block's typed
+// record, 88 (gamma, inverse gamma) or 117936 (gamut).
 template <typename Side>
 struct PostBlendHwConfig {
   uint32_t version = 0;

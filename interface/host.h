@@ -2,8 +2,8 @@
 
 // Everything that the author of a host includes: the plug-in's interface, the envelope,
 // ids and result codes, the names of hardware blocks, and every record on the host's
-// side. All of it is in namespace velaricolor, but for what both sides share: that is in
-// zeltarn, and pcc_coeff_data in none.
+// side. Nearly all of it is in namespace velaricolor. What both sides share is in
+// zeltarn, and pcc_coeff_data is in no namespace.
 //
 // C++17 or later, libc++, 64 bits. Terms: docs/glossary.md.
 //
@@ -22,15 +22,16 @@
 //   "PostBlendHdrBlob"   HdrBlobPostBlendConfig       32
 //   "PostBlendGameBlob"  GameBlobPostBlendConfig      32
 //
-// The other block names of plugin/names.h never come with a record.
+// The other names of plugin/block_names.h never come with a record.
 //
-// Part of the contract, however odd, for others match them letter by letter:
-//   - pcc_coeff_data: its spelling, and that it stands outside every namespace
+// These odd things are part of the contract, because other programs match them letter by
+// letter:
+//   - pcc_coeff_data: its spelling, and its place outside every namespace
 //   - texts of the log: "failed to intialize mode parser", "Falied to convert pb dither
 //     hwe config to output", "from tarn to velari namespace", "GetPbDitheHwConfig",
 //     "thread_handler"; the mixture of capital and small first letters; the line break
 //     that ends some lines and not others
-//   - kVersion of ColorModeList is 96, though the record has 32 bytes
+//   - kVersion of ColorModeList is 96 although the record has 32 bytes
 #pragma once
 
 #include "convert/blob_config.h"

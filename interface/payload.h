@@ -22,7 +22,7 @@ struct Payload {
   void* payload = nullptr;      // the record; the caller owns it
 };
 
-// An envelope around `record`. The record must outlive the call it is made for.
+// An envelope around `record`. The record must outlive the call.
 template <typename Side, typename T>
 Payload<Side> Wrap(T* record, uint32_t prop) {
   Payload<Side> envelope;
@@ -37,8 +37,8 @@ Payload<Side> Wrap(T* record, uint32_t prop) {
 namespace velaricolor {
 using VcPayload = zeltarn::layout::Payload<HostSide>;
 
-// An envelope for a call of the plug-in, of the record's exact length; operations carry
-// no property. The plug-in does not write to a record that is set, nor to a request.
+// An envelope for a call of the plug-in, with the record's exact length. Operations have
+// no property. The plug-in does not write to the record of SetProperty, nor to a request.
 template <typename T>
 VcPayload Wrap(T* record, int32_t prop = 0) {
   return zeltarn::layout::Wrap<HostSide>(record, static_cast<uint32_t>(prop));
@@ -48,7 +48,7 @@ VcPayload Wrap(T* record, int32_t prop = 0) {
 namespace tarn {
 using TarnPayload = zeltarn::layout::Payload<LibrarySide>;
 
-// An envelope for a library call; operations carry property 0.
+// An envelope for a library call. Operations have property 0.
 template <typename T>
 TarnPayload Wrap(T* record, uint32_t prop = 0) {
   return zeltarn::layout::Wrap<LibrarySide>(record, prop);

@@ -2,12 +2,11 @@
 
 // One definition, two types.
 //
-// Most boundary records cross both boundaries, in either direction: between the
-// host and the plug-in (namespace velaricolor) and between the plug-in and one of
-// the run-time libraries (namespace tarn), with the same layout on both sides.
-// Each is written once, as a template over its side, so that the two can't drift
-// apart, and still gives two distinct types, so that handing the one where the
-// other belongs does not compile.
+// Most records cross two boundaries: between the host and the plug-in (namespace
+// velaricolor), and between the plug-in and a run-time library (namespace tarn). Their
+// layout is the same on both sides. Each record is written once, as a template over
+// its side, so that the two layouts can't drift apart. It still gives two distinct
+// types, so that code that passes one for the other does not compile.
 //
 // Layouts are those of the platform's standard library on a 64-bit machine:
 // 8-byte pointers, 24-byte strings and vectors, 16-byte shared pointers.
@@ -37,13 +36,13 @@ static_assert(kLibcxx || !k64Bit,
               "zeltarn's boundary records embed strings, vectors and shared pointers of libc++: "
               "build with clang++ -stdlib=libc++");
 
-// Where one of these fails, its message says all; the pins stay silent then.
+// If one of these fails, its message says why; the pins are left out then.
 inline constexpr bool kLayoutKnown = k64Bit && kLibcxx;
 
 }  // namespace zeltarn::layout
 
-// The macros below are those of the record headers alone: not undefined at the end, for
-// every record header needs them again.
+// Only the record headers use the macros below. They stay defined, because every record
+// header needs them.
 
 // Names both types of the record template zeltarn::layout::Record. Used at
 // global scope, beside the definition.

@@ -12,10 +12,10 @@ namespace velaricolor {
 inline constexpr int kOk = 0;
 
 // The call is not acceptable: not initialised, a wrong length, version or
-// address, an unknown property, a library or its factory that can't be had.
+// address, an unknown property, or a library or factory that is not there.
 inline constexpr int kErrInvalid = -EINVAL;
 
-// A property of the band 513..1023 without a handler, or an unknown operation.
+// A property from 513 to 1023 without a handler, or an unknown operation.
 inline constexpr int kErrUnsupported = -EOPNOTSUPP;
 
 // The algorithm library can't be opened. Never reaches the host: `Init`

@@ -7,9 +7,9 @@
 
 namespace velaricolor {
 
-// Carried in VcPayload::prop. The record of each, the exact `len` that its
-// envelope states, and the `version` that the record itself must carry (- where
-// it has none or it is not looked at):
+// Carried in VcPayload::prop. The table has the record of each, the exact `len` for
+// its envelope, and the `version` that the record must have (-: it has none, or the
+// plug-in doesn't look at it):
 //
 //   id                                 record                     len  version
 //   GetProperty fills
@@ -34,9 +34,9 @@ enum VcProperty : int32_t {
   // render intent. Reading does not clear it, nor do software assets.
   kVcNeedsUpdate = 2,
   kVcColorTransform = 5,
-  // Dimensions are kept and passed on to the mode parser, whose result comes back;
-  // they are kept even if it refuses them. Until they are set again the gamma and
-  // inverse-gamma blocks have exactly that many entries.
+  // The plug-in keeps dimensions and passes them on to the mode parser, whose result
+  // comes back. It keeps them even if the parser refuses them. Until a host sets others,
+  // the gamma and inverse-gamma blocks have exactly that many entries.
   kVcPostBlendGamutHwConfig = 6,
   kVcPostBlendGammaHwConfig = 7,
   kVcPostBlendInverseGammaHwConfig = 8,
@@ -44,20 +44,20 @@ enum VcProperty : int32_t {
   // A notification: `payload` is a value that is logged, never an address.
   kVcDisplayCalibrationMode = 12,
   kVcLtmPccConfig = 13,
-  // The panel's global dither blocks, updated in the record by name. Nothing is
-  // written where the parser fails; where a block can't be converted (-22), those
-  // before it have been.
+  // The panel's global dither blocks, updated in the record by name. If the parser
+  // fails, nothing is written. If a block can't be converted (-22), those before it
+  // have been written.
   kVcPbDitherHwConfig = 14,
-  // Names of the blocks whose tables may be dimensioned, replacing the list.
+  // Names of the blocks whose table dimensions a host may set. They replace the list.
   kVcSupportHwAssets = 2048,
   kVcDimmingSupport = 2054,  // always true
-  // Factor on the final PCC matrix, 1.0 until set; any value is taken as it is.
+  // Factor on the final PCC matrix, 1.0 until set. Any value is used as it is.
   kVcDimmingPcc = 2055,
 };
 
-// Ids that a host may send to any plug-in of this family and that this one
-// does not implement: answered as unsupported (-95). Any other id without a
-// handler is invalid (-22).
+// Ids from the first to the last that this plug-in does not implement are answered as
+// unsupported (-95); other plug-ins for the same host may implement them. Any other id
+// without a handler is invalid (-22).
 inline constexpr int32_t kVcFirstOptionalProperty = 513;
 inline constexpr int32_t kVcLastOptionalProperty = 1023;
 

@@ -6,17 +6,17 @@
 // Init once, then the three entry points, and destroys the object with delete.
 //
 // Tags say when and from where a call may come:
-//   [any host thread]  calls on one object are serialised by its lock, which is
-//                      held for the whole call, calls into the libraries
-//                      included. It is not recursive: don't call back from a
-//                      library. Each object has a lock of its own.
+//   [any host thread]  calls on one object run one at a time: its lock is held for
+//                      the whole call, also while the call is in a library. The
+//                      lock is not recursive: don't call back from a library. Each
+//                      object has a lock of its own.
 //   [initialised]      refused with -22 before an Init has returned 0 and
 //                      after DeInit.
 //   [exclusive]        no other call on the object may be running.
 //
-// Results are 0, a code of result_codes.h or, where said, the mode parser's own. If the
-// libraries keep their promises, the only exception that leaves a call is the standard
-// allocation failure. Whatever leaves one, the lock is free and the object can be used.
+// Results are 0, a code of result_codes.h or, where it is said, the mode parser's own
+// code. If the libraries keep their promises, the only exception that leaves a call is
+// std::bad_alloc. After any exception the lock is free and the object can be used.
 #pragma once
 
 #include <string>
@@ -44,21 +44,21 @@ class VcPostBlendInterface {
   // thread has ended. Returns 0, -22, or the parser's own failure code. A
   // missing or failing algorithm library is not a failure. A second call starts
   // afresh: the old library objects are destroyed, the mode list is rebuilt,
-  // settings stay. Should that fail, an initialised object stays initialised,
-  // with no modes: operations return 0 and touch nothing. One that was not
+  // settings stay. If it fails, an initialised object stays initialised, but
+  // without modes: operations return 0 and touch nothing. An object that was not
   // initialised, or was de-initialised, stays so.
   virtual int Init(const std::string& arg) = 0;
 
-  // [any host thread] Tells both libraries to de-initialise; closes nothing,
-  // forgets no setting. Always 0, also twice in a row and whatever the libraries
-  // answer or throw.
+  // [any host thread] Tells both libraries to de-initialise. Closes nothing and
+  // forgets no setting. Always returns 0, also the second time in a row and
+  // whatever the libraries answer or throw.
   virtual int DeInit() = 0;
 
   // [any host thread, initialised] Sets the property `payload.prop` from the
   // record that `payload` addresses; the record is only read, and not kept.
-  // Returns 0; -22 or -95 for what the plug-in refuses, which changes nothing; or,
-  // for table dimensions, the mode parser's own code, which may be one of the
-  // same numbers: the new dimensions are kept all the same.
+  // Returns 0. If the plug-in refuses the call, it returns -22 or -95 and changes
+  // nothing. For table dimensions it may also return the mode parser's own code,
+  // which can be one of the same numbers; it then keeps the new dimensions.
   virtual int SetProperty(const VcPayload& payload) = 0;
 
   // [any host thread, initialised] Fills the caller's record for the property
@@ -69,11 +69,11 @@ class VcPostBlendInterface {
   // [any host thread, initialised] Runs `op`: reads the record of `in`, writes
   // that of `out`. An output record may be passed again: entries are updated by
   // name, in place, and none is removed. With no modes, returns 0 and touches
-  // nothing. Running out of memory may leave blocks of the old mode beside those of
-  // the new; no entry is half of each, but the PCC block may lack a colour step.
+  // nothing. When memory runs out, blocks of the old mode may remain beside those of
+  // the new one. No entry is half of each, but the PCC block may lack a colour step.
   // Returns 0, -22 (also for a null `out`), -95, or (software assets
-  // only) the mode parser's own code; a parser that fails a render intent shows in
-  // the log alone.
+  // only) the mode parser's own code. If the parser fails a render intent, only the
+  // log shows it.
   virtual int ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) = 0;
 };
 

@@ -11,8 +11,8 @@
 
 namespace zeltarn::layout {
 
-// One colour mode. Ids, asset names and label are defined between the host and
-// the mode parser; the plug-in passes them through.
+// One colour mode. Host and mode parser agree on ids, asset names and label; the
+// plug-in passes them through.
 template <typename Side>
 struct ColorMode {
   uint32_t gamut = 255;     // colour-gamut id
@@ -23,7 +23,7 @@ struct ColorMode {
   std::string label = "standard";      // text tag
 };
 
-// Travels with len 32. Its version is not its size.
+// Its envelope has len 32; its version is not its size.
 template <typename Side>
 struct ColorModeList {
   static constexpr uint32_t kVersion = 96;

@@ -17,8 +17,8 @@ namespace zeltarn::layout {
 inline constexpr size_t kAuxDataBytes = 2804;
 
 // What to render. The asset names and the three aux fields belong to the host
-// and the parser; the plug-in passes them through. Made with `= {}`, all of it is
-// blank; without, aux_data is indeterminate (it is large, and mostly overwritten).
+// and the parser; the plug-in passes them through. With `= {}` all of it is
+// blank. Without, aux_data is indeterminate: it is large, and mostly overwritten.
 template <typename Side>
 struct ModeRenderInputParams {
   static constexpr uint32_t kVersion = 2912;

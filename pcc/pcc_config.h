@@ -21,7 +21,7 @@ using PccRow = std::array<double, kPccTerms>;
 
 }  // namespace zeltarn
 
-// Shared by the host, the plug-in and both libraries, hence outside their
+// The host, the plug-in and both libraries share this record, so it is outside their
 // namespaces. The identity has 1.0 at r term 1, g term 2 and b term 3. Offsets
 // are in units of 1/255: a colour transform's are stored scaled by 255.
 struct pcc_coeff_data {

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: Apache-2.0
 
-// Names of hardware blocks, by which a configuration says what it configures. Shared
-// with the host and the mode parser and compared exactly, letter case included. Code
-// uses these constants, never a literal of its own.
+// Names of hardware blocks: each configuration has the name of its block. Host, plug-in
+// and mode parser compare them exactly, letter case included. Code uses these
+// constants, never literals.
 #pragma once
 
 #include <string>

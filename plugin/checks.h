@@ -38,8 +38,8 @@ inline int CheckGammaEntries(uint32_t num_of_entries, const char* function) {
   return kErrInvalid;
 }
 
-// A flag that comes from outside: any byte but 0 is true. Read as a byte, for a bool
-// that holds another than 0 or 1 has no meaning to the compiler.
+// A flag that comes from outside: any byte but 0 is true. It is read as a byte, because a
+// bool that is neither 0 nor 1 has no meaning to the compiler.
 inline bool IsSet(const bool& flag) {
   uint8_t byte = 0;
   std::memcpy(&byte, &flag, sizeof byte);

@@ -10,8 +10,8 @@
 
 namespace velaricolor {
 
-// Colour-mode attribute keys. The plug-in passes modes through and compares
-// with none of them, nor with the values below.
+// Colour-mode attribute keys. The plug-in passes modes through and never compares
+// these keys, nor the values below.
 inline const std::string kDynamicRange = "DynamicRange";
 inline const std::string kColorGamut = "ColorGamut";
 inline const std::string kPictureQuality = "PictureQuality";

@@ -47,7 +47,7 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   int GetProperty(VcPayload* payload) override;
   int ProcessOps(VcOps op, const VcPayload& in, VcPayload* out) override;
 
-  // The one version rule for records: null, or another version than T's, is
+  // The one version rule for records: null, or another version than that of T, is
   // refused with -22 before any other field is read.
   template <typename T>
   static int VersionCheck(const T* p);
@@ -177,9 +177,9 @@ class ZelTarnImpl final : public VcPostBlendInterface {
   bool mode_parser_done_ = false;
   std::exception_ptr mode_parser_exception_;  // what left the parser on that thread
 
-  // The tables' entries last used; a parser answers with the same blocks in the
-  // same order mode after mode, so those of converters go by place in the answer. An
-  // operation's handler is found in no time that counts beside the operation.
+  // The entries of the tables that were used last. A parser answers with the same blocks
+  // in the same order for every mode, so those of converters go by place in the answer.
+  // Operations have none: their look-up costs nothing beside the operation.
   RecentEntry<SetPropFuncs> recent_setter_{set_prop_funcs_};
   RecentEntry<GetPropFuncs> recent_getter_{get_prop_funcs_};
   std::vector<RecentEntry<HwConfigConverters>> recent_converters_ =
