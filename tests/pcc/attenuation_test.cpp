@@ -19,16 +19,12 @@ TEST_F(Attenuation, ScalesEveryTermAndEnables) {
   for (const double factor :
        {1.0, 0.5, 0.0, -2.0, 0.7, 3.0, std::numeric_limits<double>::quiet_NaN()}) {
     SCOPED_TRACE(factor);
-    pcc_coeff_data scaled = coeffs;
-    for (zeltarn::PccRow* row : {&scaled.r, &scaled.g, &scaled.b}) {
-      for (double& term : *row) term = term * factor;
-    }
     if (factor != 1.0) ASSERT_EQ(Set(velaricolor::kVcDimmingPcc, factor), 0);
     const auto second = HostBlock(coeffs, false);
     HwConfigOutputParams output;
     output.payloads = {HostEntry(HostBlock(coeffs, false)), HostEntry(second)};
     ASSERT_EQ(Render(&output), 0);
-    EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(scaled));
+    EXPECT_EQ(BytesOf(PccOf(output)->coeffs), BytesOf(Scaled(coeffs, factor)));
     EXPECT_TRUE(PccOf(output)->enable);
     EXPECT_EQ(BytesOf(second->coeffs), BytesOf(coeffs));
     EXPECT_FALSE(second->enable);
