@@ -3,6 +3,7 @@
 // Memory runs out, at every single allocation of each host call, the libraries'
 // included.
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <new>
 #include <sstream>
@@ -11,11 +12,24 @@
 #include "convert/gamut_gamma_config.h"
 #include "tests/support/allocations.h"
 #include "tests/support/bytes.h"
-#include "tests/support/failing_new.h"
 #include "tests/support/pcc.h"
 
 using velaricolor::ColorModeList;
 using velaricolor::HwConfigOutputParams;
+
+// Of the whole program: the plug-in's and its standard library's calls end here.
+__attribute__((visibility("default"))) void* operator new(size_t size) {
+  void* const memory = AllocationFails() ? nullptr : std::malloc(std::max(size, size_t{1}));
+  if (memory == nullptr) throw std::bad_alloc();
+  return memory;
+}
+__attribute__((visibility("default"))) void operator delete(void* memory) noexcept {
+  std::free(memory);
+}
+__attribute__((visibility("default"))) void operator delete(void* memory,
+                                                            size_t /*size*/) noexcept {
+  std::free(memory);
+}
 
 namespace {
 

@@ -16,7 +16,6 @@ PANELS = {path.stem: json.loads(path.read_text())
 SETTINGS = ["--color-transform", "night:3400", "--dimming", "0.6"]
 
 
-
 def run(*arguments):
     return subprocess.run([*ZELCTL, *arguments], capture_output=True, text=True, check=False)
 
