@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-using nlohmann::json;
+using json = nlohmann::json;
 
 // Every key stands in it, but for those of the other kinds of transfer functions.
 inline const json kBase = json::parse(R"({
